@@ -1,0 +1,189 @@
+// The network service: the one object behind INetSrv. Its operations may be
+// called from any number of host threads at once; the AT processor serialises
+// the modem line, and the five locks below guard the service's own state (the
+// only nesting is m_lockerATCBFun before m_lockerCallBackFun).
+#ifndef NETSRVPLUGIN_NETSRVIMPL_H
+#define NETSRVPLUGIN_NETSRVIMPL_H
+
+#include <atomic>
+#include <ctime>
+#include <list>
+#include <string>
+#include <vector>
+
+#include "AtCodec/CmdDef.h"
+#include "AtCodec/IAtCallBack.h"
+#include "AtCodec/IProcessor.h"
+#include "Interface/IDeviceMgrEvent.h"
+#include "Interface/INetSrv.h"
+#include "Interface/IPluginContainer.h"
+#include "Interface/IUniCommEvent.h"
+#include "jmutex.h"
+#include "jthreadt.h"
+
+class CNetSrvImpl : public INetSrv, public IAtCallBack, public IUniCommEvent,
+                    public IDeviceMgrEvent {
+public:
+    CNetSrvImpl();
+    CNetSrvImpl(const CNetSrvImpl&) = delete;
+    CNetSrvImpl& operator=(const CNetSrvImpl&) = delete;
+
+    // IBaseInterface
+    void Release() override;
+    int GetLastError() override;
+
+    // INetSrv, in slot order
+    void SRVRegisterCallback(pfnNetSrvCallBack pfnCallBack) override;
+    void SRVUnRegisterCallback(pfnNetSrvCallBack pfnCallBack) override;
+    void SRVRegisterCallback(IUniCommEvent* pHandler) override;
+    void SRVUnRegisterCallback(IUniCommEvent* pHandler) override;
+    bool SRVGetLastErr(NETSRV_DATA::SRV_LAST_ERROR* pLastErr, unsigned long* pdwStatus) override;
+    bool SRVGetHomePLMN(NETSRV_DATA::PLMNType* pstPlmn, unsigned long* pdwStatus) override;
+    bool SRVGetPLMNList(unsigned long* pdwStatus) override;
+    bool SRVGetNetConfiguration(NETSRV_DATA::NetConfigurationType* pstConfig,
+                                unsigned long* pdwStatus) override;
+    bool SRVGetBandList(NETSRV_DATA::BandList* pstBandList, unsigned long* pdwStatus) override;
+    bool SRVReleaseBandList(NETSRV_DATA::BandList* pstBandList, unsigned long* pdwStatus) override;
+    bool SRVSetNetConfiguration(const NETSRV_DATA::NetConfigurationType& stConfig,
+                                unsigned long* pdwStatus) override;
+    bool SRVSelectCurPlmn(unsigned long dwMode, const NETSRV_DATA::PLMNType& stPlmn,
+                          unsigned long* pdwStatus) override;
+    bool SRVGetCurPlmn(unsigned long* pdwMode, NETSRV_DATA::PLMNType* pstPlmn,
+                       unsigned long* pdwStatus) override;
+    bool SRVGetSrvStatus(NETSRV_DATA::SysSrvStatus* penSrvStatus,
+                         unsigned long* pdwStatus) override;
+    bool SRVSetSrvStatus(NETSRV_DATA::SysSrvStatus enSrvStatus, unsigned long* pdwStatus) override;
+    bool SRVGetSystemMode(NETSRV_DATA::SystemMode* penSysMode, unsigned long* pdwStatus) override;
+    bool SRVGetCurRSSI(NETSRV_DATA::RSSIType* pstRssi, unsigned long* pdwStatus) override;
+    bool SRVGetSignalQuality(NETSRV_DATA::Signal* pstSignal, unsigned long* pdwStatus) override;
+    bool SRVGetHdrRssiInfo(NETSRV_DATA::RSSIType* pstRssi, unsigned long* pdwStatus) override;
+    bool SRVGetAntennaLevel(NETSRV_DATA::AntennaLevel* pstLevel, unsigned long* pdwStatus) override;
+    bool SRVSetCDMAPrefMod(NETSRV_DATA::CdmaPrefMode enMode, unsigned long* pdwStatus) override;
+    bool SRVGetCDMAPrefMod(NETSRV_DATA::CdmaPrefMode* penMode, unsigned long* pdwStatus) override;
+    bool SRVGetRoamStatus(unsigned long* pdwRoam, unsigned long* pdwStatus) override;
+    bool SRVGetSpnData(NETSRV_DATA::SSpnDataType* pstSpn, unsigned long* pdwStatus) override;
+    bool SRVGetSrvDomain(unsigned long* pdwDomain, unsigned long* pdwStatus) override;
+    bool SRVGetHSPAState(NETSRV_DATA::HSPA_MODE enMode, NETSRV_DATA::HSPA_STAT* penStat,
+                         unsigned long* pdwStatus) override;
+    bool SRVSetHSPAState(NETSRV_DATA::HSPA_MODE enMode, NETSRV_DATA::HSPA_STAT enStat,
+                         unsigned long* pdwStatus) override;
+    bool SRVGetSysInfo(NETSRV_DATA::SysSrvStatus* penSrvStatus, NETSRV_DATA::SystemMode* penSysMode,
+                       NETSRV_DATA::RoamStatus* penRoam, unsigned long* pdwStatus) override;
+    bool SRVGetPSState(NETSRV_DATA::PSState* penState, unsigned long* pdwStatus) override;
+    bool SRVSetPSState(NETSRV_DATA::PSState enState, unsigned long* pdwStatus) override;
+    bool SRVGetPNN(NETSRV_DATA::SPNNInfo* pstPnn, unsigned long* pdwStatus) override;
+    bool SRVGetPnnList(NETSRV_DATA::SPNNList* pstPnnList, unsigned long* pdwStatus) override;
+    bool SRVReleasePnnList(NETSRV_DATA::SPNNList* pstPnnList, unsigned long* pdwStatus) override;
+    bool SRVGetEvdoRevision(NETSRV_DATA::EvdoRevision* penRev, unsigned long* pdwStatus) override;
+    bool SRVSetEvdoRevision(NETSRV_DATA::EvdoRevision enRev, unsigned long* pdwStatus) override;
+    bool SRVSetNAM(NETSRV_DATA::NAMMode enMode, unsigned long* pdwStatus) override;
+    bool SRVGetNAM(NETSRV_DATA::NAMMode& enMode, unsigned long* pdwStatus) override;
+    bool SRVRegMin(const char* pszMin, unsigned long* pdwStatus) override;
+    bool SRVGetPrlVer(NETSRV_DATA::SPrlVer* pstPrlVer, unsigned long* pdwStatus) override;
+    bool SRVGetEFFile(NETSRV_DATA::EFType enType, NETSRV_DATA::EFFile* pstFile,
+                      unsigned long* pdwStatus) override;
+    bool SRVGetKTFSimType(NETSRV_DATA::KTFSimType* penType, unsigned long* pdwStatus) override;
+    bool SRVGetRowRSSI(NETSRV_DATA::RowRSSI* pstRssi, unsigned long* pdwStatus) override;
+    bool SRVSetCSRegReport(int iReportMode) override;
+    bool SRVGetCSRegState(NETSRV_DATA::RegStateReport* pstReport, unsigned long* pdwStatus) override;
+    bool SRVSetPSRegReport(int iReportMode) override;
+    bool SRVGetPSRegState(NETSRV_DATA::RegStateReport* pstReport, unsigned long* pdwStatus) override;
+    bool SRVSetLTEPSRegReport(int iReportMode) override;
+    bool SRVGetLTEPSRegState(NETSRV_DATA::RegStateReport* pstReport,
+                             unsigned long* pdwStatus) override;
+    bool SRVGetHCSQRssi(int* piRssi) override;
+    bool SRVGetGprsState(NETSRV_DATA::PSState& enState) override;
+    bool SRVGetSystemInfo(NETSRV_DATA::SystemInfo& rSysInfo) override;
+    bool SRVGetSystemInfoEx(NETSRV_DATA::SystemInfo& rSysInfo) override;
+    bool SRVGetPLMNControlMode(NETSRV_DATA::UPLMN_MODE* penMode) override;
+    bool SRVSetPLMNControlMode(NETSRV_DATA::UPLMN_MODE enMode) override;
+    bool SRVGetPLMNPreferList(NETSRV_DATA::UPLMNList* pstList) override;
+    bool SRVReleasePLMNPreferList(NETSRV_DATA::UPLMNList* pstList) override;
+    bool SRVSetPLMNPreferInfo(NETSRV_DATA::UPLMNInfo& stInfo) override;
+    bool SRVGetDynamicIP(const char* pszReserved, const char* pszParam, char* pszBuffer,
+                         int iSize) override;
+    bool SRVGetDynamicDNS(const char* pszReserved, const char* pszParam, char* pszBuffer,
+                          int iSize) override;
+    bool SRVGetNetConfigurationEx(NETSRV_DATA::NetConfigurationExType* pstConfig,
+                                  unsigned long* pdwStatus) override;
+    bool SRVSetNetConfigurationEx(const NETSRV_DATA::NetConfigurationExType& stConfig,
+                                  unsigned long* pdwStatus) override;
+    bool SRVGetBandListEx(NETSRV_DATA::BandList* pstBandList, NETSRV_DATA::BandList* pstLteBandList,
+                          NETSRV_DATA::AcqOrderList* pstAcqOrderList,
+                          unsigned long* pdwStatus) override;
+    bool SRVReleaseBandListEx(NETSRV_DATA::BandList* pstBandList,
+                              NETSRV_DATA::BandList* pstLteBandList,
+                              NETSRV_DATA::AcqOrderList* pstAcqOrderList,
+                              unsigned long* pdwStatus) override;
+    bool SRVGetLteSignalQuality(LteSignal* pstSignal, unsigned long* pdwStatus) override;
+    bool SRVGetLteScInfo(LteScInfo* pstInfo, unsigned long* pdwStatus) override;
+    bool SRVGetDynamicIP6(const char* pszReserved, const char* pszParam, char* pszBuffer,
+                          int iSize) override;
+    bool SRVGetCurrNetworkID(CURRNETWORKIDINFO* pstInfo, unsigned long* pdwStatus) override;
+
+    // Unsubscribes, waits for a running operator search (up to 240 s) and for
+    // the report thread (up to 5 s); a thread that outlives its wait is killed.
+    ~CNetSrvImpl() override;
+
+    // IAtCallBack: the report dispatcher; serialised by m_lockerATCBFun.
+    bool AtCallBackEvent(const Command& cmd) override;
+    // IUniCommEvent: delivers one event to the registered client objects.
+    bool OnUniCommEvent(DWORD dwEvent, void* pData) override;
+    // IDeviceMgrEvent: a lost device makes the next system-information read go
+    // to the modem.
+    bool OnDeviceMgrEvent(DWORD dwEvent, void* pData) override;
+
+    // The refresh throttle of the system-information readers: true (and the
+    // clock restarted) when the last refresh is 5 seconds old or more.
+    bool IsGetSystemInfo();
+
+    // The host's AT processor, looked up anew on every call; null if none.
+    IProcessor* GetAtProcessor();
+
+    // Delivers one event to every client function, then every client object.
+    // An event without a payload is never delivered.
+    bool SendCallBackFuns(DWORD dwEvent, void* pData);
+
+    // Subscription of the service's reports with the AT processor.
+    bool RegATCallBack();
+    bool UnRegATCallBack();
+
+    // Queues a report that the service made itself for the report thread.
+    void ReportAtCallBackEvent(Command& cmd);
+
+    // True while the service is subscribed with the AT processor.
+    bool IsRegisteredWithProcessor() const { return m_bRegATSuccess; }
+
+private:
+    // Body of the report thread: one queued report every 200 ms until stopped.
+    void ATCallbackThread();
+
+    unsigned long m_dwLastError;
+    NETSRV_DATA::BandList m_stBandList;
+    NETSRV_DATA::BandList m_stLteBandList;
+    NETSRV_DATA::AcqOrderList m_stAcqOrderList;
+    NETSRV_DATA::SystemInfo m_Sysinfo;
+    NETSRV_DATA::SPNNList m_stPnnList;
+    // Flags read and written without a lock; atomic so that the threads that
+    // share them see each other's writes.
+    std::atomic<bool> m_bRegATSuccess;
+    bool m_bInitAtCGREG;
+    unsigned long m_iPrvATIndex;
+    std::atomic<bool> m_bStopThread;
+    std::vector<pfnNetSrvCallBack> m_pVctfnCallback;
+    JMutex m_lockerCallBackFun;
+    JThreadT<CNetSrvImpl, void> m_ThreadGetPlmnList;
+    JThreadT<CNetSrvImpl, void> m_CheckDomainChangedThread;
+    std::list<IUniCommEvent*> m_listNetSrvEventHandle;
+    std::atomic<IPluginContainer*> m_pContainer;
+    JMutex m_lockerATCBFun;
+    JMutex m_lockerPlmnFun;
+    JMutex m_LockCmd;
+    std::list<Command> m_lstCmdBuffer;
+    JThreadT<CNetSrvImpl, void> m_ATCallbackThread;
+    std::atomic<time_t> m_BaseTime;
+    struct tm* m_formatTime;
+    JMutex m_LockSysInfo;
+};
+
+#endif
