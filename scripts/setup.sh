@@ -4,7 +4,7 @@
 set -euo pipefail
 
 packages=(cmake make g++ pkg-config binutils googletest libgtest-dev libgmock-dev
-          libbenchmark-dev)
+          libbenchmark-dev nlohmann-json3-dev libcli11-dev)
 
 missing=()
 for pkg in "${packages[@]}"; do

@@ -1,7 +1,6 @@
 // The plugin as a host sees it: a library opened with dlopen that exports two
 // plain functions and hands out one plugin object and one service.
 
-#include <dirent.h>
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
@@ -14,28 +13,17 @@
 #include "FakeProcessor.h"
 #include "Interface/IBasePlugin.h"
 #include "Interface/INetSrv.h"
+#include "ThreadCount.h"
 
 namespace {
 
-int ThreadCount()
-{
-    int count = 0;
-    DIR* dir = opendir("/proc/self/task");
-    if (dir == nullptr) {
-        return -1;
-    }
-    while (dirent* entry = readdir(dir)) {
-        count += entry->d_name[0] != '.';
-    }
-    closedir(dir);
-    return count;
-}
+using testkit::CountThreads;
 
 // Waits up to a deadline for the thread count to come down to target.
 bool ThreadsSettleTo(int target, std::chrono::milliseconds deadline)
 {
     const auto until = std::chrono::steady_clock::now() + deadline;
-    while (ThreadCount() != target) {
+    while (CountThreads() != target) {
         if (std::chrono::steady_clock::now() > until) {
             return false;
         }
@@ -48,7 +36,7 @@ class PluginLoad : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        threadsBefore = ThreadCount();
+        threadsBefore = CountThreads();
         library = dlopen(NETSRV_PLUGIN_PATH, RTLD_NOW | RTLD_LOCAL);
         ASSERT_NE(library, nullptr) << dlerror();
         create = reinterpret_cast<PFN_CREATE_PLUGIN>(dlsym(library, "CreatePlugin"));
@@ -152,7 +140,7 @@ TEST_F(PluginLoad, UnloadStopsEveryThreadWithinOneSecond)
     plugin->SetPluginContainer(&container);
     IBaseInterface* service = nullptr;
     ASSERT_TRUE(plugin->QueryInterface(5, &service));
-    EXPECT_GT(ThreadCount(), threadsBefore) << "the report thread runs";
+    EXPECT_GT(CountThreads(), threadsBefore) << "the report thread runs";
 
     const auto begin = std::chrono::steady_clock::now();
     plugin->OnDestroy();
@@ -160,7 +148,7 @@ TEST_F(PluginLoad, UnloadStopsEveryThreadWithinOneSecond)
     const auto elapsed = std::chrono::steady_clock::now() - begin;
     EXPECT_LT(elapsed, std::chrono::seconds(1));
     EXPECT_TRUE(ThreadsSettleTo(threadsBefore, std::chrono::milliseconds(500)))
-        << ThreadCount() << " threads, " << threadsBefore << " before";
+        << CountThreads() << " threads, " << threadsBefore << " before";
 }
 
 }  // namespace

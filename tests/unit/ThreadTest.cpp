@@ -1,7 +1,6 @@
 // The thread and lock wrappers: JMutex, CISAPUGuard and JThreadT on JThread.
 #include <gtest/gtest.h>
 
-#include <dirent.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -9,6 +8,7 @@
 #include <stdexcept>
 #include <thread>
 
+#include "ThreadCount.h"
 #include "isapuguard.h"
 #include "jmutex.h"
 #include "jthreadt.h"
@@ -36,21 +36,7 @@ bool WaitFor(Condition condition, double dSeconds)
     return true;
 }
 
-int CountThreads()
-{
-    DIR* pDir = opendir("/proc/self/task");
-    if (pDir == nullptr) {
-        return -1;
-    }
-    int nCount = 0;
-    while (const dirent* pEntry = readdir(pDir)) {
-        if (pEntry->d_name[0] != '.') {
-            ++nCount;
-        }
-    }
-    closedir(pDir);
-    return nCount;
-}
+using testkit::CountThreads;
 
 TEST(ThreadJMutexTest, InitIsRequiredOnceAndLocksAreRecursive)
 {
