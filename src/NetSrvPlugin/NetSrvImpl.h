@@ -136,6 +136,7 @@ public:
     // The refresh throttle of the system-information readers: true (and the
     // clock restarted) when the last refresh is 5 seconds old or more.
     bool IsGetSystemInfo();
+    void GetCurrentConnectDeviceName(std::string& name);
 
     // The host's AT processor, looked up anew on every call; null if none.
     IProcessor* GetAtProcessor();

@@ -1,6 +1,7 @@
 // Fakes of the host's plugin services for tests: a container that hands out
 // registered interfaces, a device manager that records its receivers and can
-// fire events, and a device service with a settable product type. Thread-safe.
+// fire events, a device service with a settable product type, and a connect
+// service with a scripted connection list. Thread-safe.
 #ifndef TESTKIT_FAKEPLUGINHOST_H
 #define TESTKIT_FAKEPLUGINHOST_H
 
@@ -12,6 +13,7 @@
 
 #include "Interface/IDeviceMgr.h"
 #include "Interface/IDeviceService.h"
+#include "Interface/INetConnectService.h"
 #include "Interface/IPluginContainer.h"
 
 namespace testkit {
@@ -60,6 +62,44 @@ public:
 private:
     mutable std::mutex m_mutex;
     int m_productType;
+};
+
+// One entry of the fake connect service's list.
+struct FakeConnection {
+    int state;              // NETCONNECT_DATA::_EN_CONNECT_STATE
+    int type;               // NETCONNECT_DATA::_EN_CONNECT_TYPE
+    std::u16string name;    // the interface name as the list hands it out
+};
+
+class FakeConnectService : public INetConnectService {
+public:
+    void Release() override {}
+    int GetLastError() override { return 0; }
+    // A fresh list over the scripted connections, or null when lists are
+    // switched off. Every list hands its Release back to this service, which
+    // must outlive the lists it gave out.
+    INetConnectList* GetConnectList() override;
+
+    void SetConnections(const std::vector<FakeConnection>& connections);
+    // false: GetConnectList answers null.
+    void SetListAvailable(bool bAvailable);
+
+    // How many lists were asked for, how many were handed out (not null), and
+    // how many came back through Release.
+    int ListsRequested() const;
+    int ListsHandedOut() const;
+    int ListsReleased() const;
+
+private:
+    friend class FakeConnectList;
+    void OnListReleased();
+
+    mutable std::mutex m_mutex;
+    std::vector<FakeConnection> m_connections;
+    bool m_bListAvailable = true;
+    int m_nRequested = 0;
+    int m_nHandedOut = 0;
+    int m_nReleased = 0;
 };
 
 }  // namespace testkit

@@ -1,0 +1,28 @@
+// The handlers of the command table, one group per file: general commands
+// (GeneralCommands.cpp), network configuration (ConfigCommands.cpp).
+#ifndef MODEMSIM_COMMANDHANDLERS_H
+#define MODEMSIM_COMMANDHANDLERS_H
+
+#include "CommandTable.h"
+
+namespace modemsim {
+
+// General
+Reply HandleEcho(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleCmeeSet(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleCmeeRead(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleCmeeTest(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleGcap(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleGlasterrSet(const Profile& profile, ModemState& state, const AtRequest& request);
+
+// Network configuration
+Reply HandleSyscfgRead(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleSyscfgTest(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleSyscfgexRead(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleSyscfgexTest(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleSysconfigRead(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleSysconfigTest(const Profile& profile, ModemState& state, const AtRequest& request);
+
+}  // namespace modemsim
+
+#endif

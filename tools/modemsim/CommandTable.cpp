@@ -1,0 +1,70 @@
+// The command set. To teach the simulator a command, write its handler in the
+// file of its concern and add a row here.
+
+#include "CommandTable.h"
+
+#include <algorithm>
+
+#include "CommandHandlers.h"
+
+namespace modemsim {
+
+namespace {
+
+// The network service's AT command table, in its order, then the general
+// commands the host sends on its own.
+const char* const kKnownNames[] = {
+    "+CRSM", "^SYSCFG", "+COPS", "^REGISTER", "^SYSINFO", "+CSQ", "^CSQLVL", "^CSNR",
+    "^HDRCSQLVL", "^ANQUERY", "^PREFMODE", "+CLCK", "^SPN", "^HSDPA", "+CGATT", "^GLASTERR",
+    "+CIMI", "^SRVST", "^HSUPA", "^CPNN", "^OPL", "^PNN", "^EVDOREV", "^SNAM", "^REG",
+    "^PRLVER", "^KTFSIMTYPE", "+CREG", "+CGREG", "+CEREG", "^RSSI", "^RSSILVL", "^HRSSILVL",
+    "^ANLEVEL", "^SIMST", "^MODE", "^SIMREFRESH", "^PNNFILEREFRESH", "^SYSCONFIG", "+CPLS",
+    "+CPOL", "^SYSINFOEX", "^FPVERIFYIND", "^SYSCFGEX", "^LTERSRP", "^LTESCINFO", "^HCSQ",
+    "^CURRSID",
+    "+GCAP", "+CMEE",
+};
+
+}  // namespace
+
+const std::vector<std::string>& KnownAtNames()
+{
+    static const std::vector<std::string> names(std::begin(kKnownNames), std::end(kKnownNames));
+    return names;
+}
+
+bool IsKnownAtName(std::string_view name)
+{
+    const std::vector<std::string>& names = KnownAtNames();
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+const std::vector<CommandRow>& CommandRows()
+{
+    static const std::vector<CommandRow> rows = {
+        {"E", AtForm::Set, HandleEcho},
+        {"+CMEE", AtForm::Set, HandleCmeeSet},
+        {"+CMEE", AtForm::Read, HandleCmeeRead},
+        {"+CMEE", AtForm::Test, HandleCmeeTest},
+        {"+GCAP", AtForm::Bare, HandleGcap},
+        {"^GLASTERR", AtForm::Set, HandleGlasterrSet},
+        {"^SYSCFG", AtForm::Read, HandleSyscfgRead},
+        {"^SYSCFG", AtForm::Test, HandleSyscfgTest},
+        {"^SYSCFGEX", AtForm::Read, HandleSyscfgexRead},
+        {"^SYSCFGEX", AtForm::Test, HandleSyscfgexTest},
+        {"^SYSCONFIG", AtForm::Read, HandleSysconfigRead},
+        {"^SYSCONFIG", AtForm::Test, HandleSysconfigTest},
+    };
+    return rows;
+}
+
+CommandHandler FindHandler(std::string_view name, AtForm form)
+{
+    for (const CommandRow& row : CommandRows()) {
+        if (row.form == form && name == row.name) {
+            return row.handler;
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace modemsim

@@ -1,0 +1,173 @@
+// netsrvctl monitor: prints the service's events as they arrive, and the raw
+// reports that the modem sends, one line each.
+
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <csignal>
+#include <deque>
+#include <mutex>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+#include "AtCodec/IAtCallBack.h"
+#include "Commands.h"
+#include "EventFormat.h"
+#include "Interface/IUniCommEvent.h"
+
+namespace netsrvctl {
+
+namespace {
+
+// The reports the service itself subscribes to; the monitor shows them raw.
+const char* const kReportNames[] = {
+    "^RSSI",  "^RSSILVL", "^HRSSILVL", "^ANLEVEL", "^SRVST",      "^SIMST",          "^MODE",
+    "+CREG",  "+CGREG",   "^SYSINFO",  "+COPS",    "^SIMREFRESH", "^PNNFILEREFRESH",
+};
+const char* const kMonitorClientName = "netsrvctl-monitor";
+
+std::atomic<bool> g_bInterrupted(false);
+
+void OnSignal(int)
+{
+    g_bInterrupted = true;
+}
+
+// Collects lines from the service's and the processor's threads; the main
+// thread prints them. Thread-safe.
+class LineQueue {
+public:
+    void Push(std::string line)
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_lines.push_back(std::move(line));
+        m_cv.notify_all();
+    }
+
+    // The next line, or false when the deadline passed or the wait was interrupted.
+    bool Pop(std::chrono::steady_clock::time_point deadline, std::string* pLine)
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        while (m_lines.empty()) {
+            if (g_bInterrupted || std::chrono::steady_clock::now() >= deadline) {
+                return false;
+            }
+            // Short waits so that an interrupt is seen promptly.
+            m_cv.wait_for(lock, std::chrono::milliseconds(100));
+        }
+        *pLine = std::move(m_lines.front());
+        m_lines.pop_front();
+        return true;
+    }
+
+private:
+    std::mutex m_mutex;
+    std::condition_variable m_cv;
+    std::deque<std::string> m_lines;
+};
+
+class MonitorClients : public IUniCommEvent, public IAtCallBack {
+public:
+    explicit MonitorClients(bool bJson) : m_bJson(bJson) {}
+    virtual ~MonitorClients() {}
+
+    LineQueue& Queue() { return m_queue; }
+
+    void Event(int iEvent, const void* pData, const char* pszVia)
+    {
+        if (m_bJson) {
+            m_queue.Push(nlohmann::json{{"kind", "event"},
+                                        {"event", EventName(iEvent)},
+                                        {"id", iEvent},
+                                        {"via", pszVia},
+                                        {"payload", EventPayload(iEvent, pData)}}
+                             .dump());
+        } else {
+            m_queue.Push("event " + EventLine(iEvent, pData) + " via=" + pszVia);
+        }
+    }
+
+    bool OnUniCommEvent(DWORD dwEvent, void* pData) override
+    {
+        Event(static_cast<int>(dwEvent), pData, "object");
+        return true;
+    }
+
+    bool AtCallBackEvent(const Command& cmd) override
+    {
+        if (m_bJson) {
+            m_queue.Push(nlohmann::json{{"kind", "report"}, {"name", cmd.name},
+                                        {"fields", cmd.params}}
+                             .dump());
+        } else {
+            std::string line = "report " + cmd.name;
+            for (size_t i = 0; i < cmd.params.size(); ++i) {
+                line += (i == 0 ? " " : ",") + cmd.params[i];
+            }
+            m_queue.Push(line);
+        }
+        return true;
+    }
+
+private:
+    bool m_bJson;
+    LineQueue m_queue;
+};
+
+// A client function cannot carry a context: it reaches the monitor through this.
+std::atomic<MonitorClients*> g_pClients(nullptr);
+
+bool OnServiceEvent(int iEvent, void* pData)
+{
+    MonitorClients* pClients = g_pClients;
+    if (pClients != nullptr) {
+        pClients->Event(iEvent, pData, "function");
+    }
+    return true;
+}
+
+}  // namespace
+
+ExitStatus RunMonitor(ToolHost& host, const MonitorOptions& monitor, const OutputOptions& out,
+                      std::ostream& os)
+{
+    MonitorClients clients(out.json);
+    g_pClients = &clients;
+    g_bInterrupted = false;
+    auto previousInt = std::signal(SIGINT, OnSignal);
+    auto previousTerm = std::signal(SIGTERM, OnSignal);
+
+    INetSrv* pNetSrv = host.NetSrv();
+    pNetSrv->SRVRegisterCallback(&OnServiceEvent);
+    pNetSrv->SRVRegisterCallback(static_cast<IUniCommEvent*>(&clients));
+
+    std::vector<CmdSetItem> rows;
+    for (const char* pszName : kReportNames) {
+        rows.emplace_back(0, pszName, AT_TYPE_NORMAL);
+    }
+    host.Processor()->RegisterClient(kMonitorClientName, &clients, rows);
+
+    const auto deadline =
+        monitor.timeoutS > 0
+            ? std::chrono::steady_clock::now() +
+                  std::chrono::milliseconds(static_cast<long long>(monitor.timeoutS * 1000))
+            : std::chrono::steady_clock::time_point::max();
+    int printed = 0;
+    std::string line;
+    while ((monitor.count <= 0 || printed < monitor.count) &&
+           clients.Queue().Pop(deadline, &line)) {
+        os << line << std::endl;
+        ++printed;
+    }
+
+    host.Processor()->UnRegisterClient(kMonitorClientName);
+    pNetSrv->SRVUnRegisterCallback(static_cast<IUniCommEvent*>(&clients));
+    pNetSrv->SRVUnRegisterCallback(&OnServiceEvent);
+    g_pClients = nullptr;
+    std::signal(SIGINT, previousInt);
+    std::signal(SIGTERM, previousTerm);
+    return EXIT_OK;
+}
+
+}  // namespace netsrvctl

@@ -1,0 +1,109 @@
+// netsrvctl: the command-line host of the network-service plugin. It loads the
+// plugin as the desktop application does, on a real modem or on the built-in
+// simulator, and answers the service's queries.
+
+#include <CLI/CLI.hpp>
+
+#include <cstdlib>
+#include <iostream>
+#include <string>
+
+#include "Commands.h"
+#include "ToolHost.h"
+#include "TraceSrv.h"
+
+using namespace netsrvctl;
+
+namespace {
+
+// The trace service's default sink shows messages up to this level (0: none).
+void SetTraceLevel(int level)
+{
+    setenv("NETSRV_TRACE_LEVEL", std::to_string(level).c_str(), 1);
+    TraceSrv_SetSink(nullptr, nullptr);
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    CLI::App app{"netsrvctl: query the network service of a mobile-broadband modem, or of the "
+                 "built-in modem simulator"};
+    app.require_subcommand(1);
+
+    HostOptions host;
+    OutputOptions output;
+    int traceLevel = 0;
+    auto* pDevice = app.add_option("--device", host.devicePath,
+                                   "the modem's AT port, e.g. /dev/ttyUSB2");
+    auto* pSimulate =
+        app.add_option("--simulate", host.profile,
+                       "run against the built-in simulator; PROFILE is lte (the default), wcdma, "
+                       "tdscdma, cdma or a profile file")
+            ->expected(0, 1);
+    pDevice->excludes(pSimulate);
+    app.add_option("--device-kind", host.deviceKind, "the modem's kind instead of probing it")
+        ->check(CLI::IsMember({"gsm", "cdma", "td-scdma"}));
+    app.add_option("--baud", host.baud, "line speed of the AT port")->check(CLI::PositiveNumber);
+    app.add_flag("--json", output.json, "print JSON, one object a line");
+    app.add_option("--trace", traceLevel,
+                   "show the plugin's traces up to LEVEL (1 alarms, 2 failures, 3 warnings, "
+                   "4 everything)")
+        ->check(CLI::Range(0, 4));
+    app.add_option("--plugin", host.pluginPath, "the plugin library to load");
+
+    auto* pInfo = app.add_subcommand("plugin-info", "the identity of the plugin object");
+    unsigned long lastErrType = 0;
+    auto* pLastErr = app.add_subcommand("lasterr", "the modem's last error of a kind");
+    pLastErr->add_option("TYPE", lastErrType, "which kind of last error (default 0)");
+    auto* pAddress =
+        app.add_subcommand("address", "IPv4, DNS and IPv6 addresses of the current data link");
+    MonitorOptions monitor;
+    auto* pMonitor = app.add_subcommand(
+        "monitor", "print the service's events and the modem's reports as they arrive");
+    pMonitor->add_option("--count", monitor.count, "stop after N lines")
+        ->check(CLI::NonNegativeNumber);
+    pMonitor->add_option("--timeout", monitor.timeoutS, "stop after S seconds")
+        ->check(CLI::NonNegativeNumber);
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& e) {
+        const int code = app.exit(e);
+        return code == 0 ? EXIT_OK : EXIT_USAGE;
+    }
+
+    host.simulate = pSimulate->count() > 0;
+    if (!host.simulate && host.devicePath.empty()) {
+        std::cerr << "netsrvctl: give --device PATH or --simulate [PROFILE]\n";
+        return EXIT_USAGE;
+    }
+    // The plugin traces its failures; a user sees them when asking with --trace
+    // (or NETSRV_TRACE_LEVEL), and otherwise only the tool's own one-line message.
+    if (traceLevel > 0) {
+        SetTraceLevel(traceLevel);
+    } else if (getenv("NETSRV_TRACE_LEVEL") == nullptr) {
+        SetTraceLevel(0);
+    }
+
+    ToolHost toolHost;
+    std::string error;
+    const ExitStatus started = toolHost.Start(host, &error);
+    if (started != EXIT_OK) {
+        std::cerr << "netsrvctl: " << error << "\n";
+        return started;
+    }
+
+    ExitStatus status = EXIT_OK;
+    if (*pInfo) {
+        status = RunPluginInfo(toolHost, output, std::cout);
+    } else if (*pLastErr) {
+        status = RunLastErr(toolHost, lastErrType, output, std::cout, std::cerr);
+    } else if (*pAddress) {
+        status = RunAddress(toolHost, output, std::cout, std::cerr);
+    } else if (*pMonitor) {
+        status = RunMonitor(toolHost, monitor, output, std::cout);
+    }
+    toolHost.Stop();
+    return status;
+}
