@@ -1,10 +1,18 @@
 #!/usr/bin/env bash
-# Sets up the machine and builds everything: the platform libraries and the
-# plugin libNetSrvPlugin.so.1, then shows what the plugin library exports.
+# Sets up the machine, builds everything and runs netsrvctl against the
+# built-in modem simulator: the plugin's identity, the modem's last error and
+# the addresses of the (absent) data link.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/build.sh default
-plugin=$(find build/default/src -name 'libNetSrvPlugin.so.1' | head -n 1)
+tool=build/default/tools/netsrvctl/netsrvctl
 echo
-echo "Built $plugin"
-sh tests/plugin/check_exports.sh "$plugin"
+echo "\$ netsrvctl --simulate plugin-info"
+"$tool" --simulate plugin-info
+echo
+echo "\$ netsrvctl --simulate lasterr 1"
+"$tool" --simulate lasterr 1
+echo
+echo "\$ netsrvctl --simulate address"
+# The simulator brings up no data link, so this one reports that it found none.
+"$tool" --simulate address || true

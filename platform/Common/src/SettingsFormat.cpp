@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "HexDigit.h"
 #include "Utf8Text.h"
 
 namespace common_settings {
@@ -11,20 +12,6 @@ namespace {
 bool IsHighSurrogate(uint32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
 bool IsLowSurrogate(uint32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
-int HexValue(char ch)
-{
-    if (ch >= '0' && ch <= '9') {
-        return ch - '0';
-    }
-    if (ch >= 'a' && ch <= 'f') {
-        return ch - 'a' + 10;
-    }
-    if (ch >= 'A' && ch <= 'F') {
-        return ch - 'A' + 10;
-    }
-    return -1;
-}
-
 // Reads the four hex digits of a \u escape; -1 when they are not there.
 int32_t ReadUnitEscape(std::string_view digits)
 {
@@ -33,7 +20,7 @@ int32_t ReadUnitEscape(std::string_view digits)
     }
     int32_t unit = 0;
     for (size_t i = 0; i < 4; ++i) {
-        const int digit = HexValue(digits[i]);
+        const int digit = common_text::HexDigitValue(digits[i]);
         if (digit < 0) {
             return -1;
         }

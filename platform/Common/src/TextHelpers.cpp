@@ -2,24 +2,7 @@
 #include <cstring>
 
 #include "GlobalFunction.h"
-
-namespace {
-
-int HexDigitValue(char ch)
-{
-    if (ch >= '0' && ch <= '9') {
-        return ch - '0';
-    }
-    if (ch >= 'a' && ch <= 'f') {
-        return ch - 'a' + 10;
-    }
-    if (ch >= 'A' && ch <= 'F') {
-        return ch - 'A' + 10;
-    }
-    return -1;
-}
-
-}  // namespace
+#include "HexDigit.h"
 
 // "1F" and "0x1f" both give 31. Digits past the sixteenth shift the oldest
 // ones out, so the result is the value modulo 2^64.
@@ -32,8 +15,8 @@ uint64_t CGlobalFunction::atox(const char* pszText)
         pszText += 2;
     }
     uint64_t value = 0;
-    for (; HexDigitValue(*pszText) >= 0; ++pszText) {
-        value = (value << 4) | static_cast<uint64_t>(HexDigitValue(*pszText));
+    for (; common_text::HexDigitValue(*pszText) >= 0; ++pszText) {
+        value = (value << 4) | static_cast<uint64_t>(common_text::HexDigitValue(*pszText));
     }
     return value;
 }
