@@ -94,7 +94,14 @@ bool CNetSrvImpl::SendCallBackFuns(DWORD dwEvent, void* pData)
     {
         CISAPUGuard<JMutex> guard(m_lockerCallBackFun);
         for (pfnNetSrvCallBack pfn : m_pVctfnCallback) {
-            pfn(static_cast<int>(dwEvent), pData);
+            // One client that throws must not keep the event from the others.
+            try {
+                pfn(static_cast<int>(dwEvent), pData);
+            } catch (...) {
+                if (JThread::IsCancellationInFlight()) {
+                    throw;
+                }
+            }
         }
     }
     OnUniCommEvent(dwEvent, pData);
@@ -163,7 +170,15 @@ void CNetSrvImpl::ATCallbackThread()
         Command cmd = m_lstCmdBuffer.front();
         m_lstCmdBuffer.pop_front();
         guard.Unlock();
-        AtCallBackEvent(cmd);
+        // A report that cannot be dispatched must not end the report thread.
+        try {
+            AtCallBackEvent(cmd);
+        } catch (...) {
+            if (JThread::IsCancellationInFlight()) {
+                throw;
+            }
+            NetSrvTrace(TL_CRIT, "ATCallbackThread: dispatching a report failed");
+        }
         usleep(kReportPauseUs);
     }
 }

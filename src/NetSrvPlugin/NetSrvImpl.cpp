@@ -56,21 +56,28 @@ CNetSrvImpl::CNetSrvImpl()
     // A failed subscription leaves the service usable for queries.
     RegATCallBack();
 
-    m_bInitAtCGREG = false;
-    m_iPrvATIndex = 0;
+    try {
+        m_bInitAtCGREG = false;
+        m_iPrvATIndex = 0;
 
-    // Start 5 seconds in the past so that the first reading goes to the modem.
-    m_BaseTime = time(nullptr) - kSysInfoRefreshSeconds;
+        // Start 5 seconds in the past so that the first reading goes to the modem.
+        m_BaseTime = time(nullptr) - kSysInfoRefreshSeconds;
 
-    IDeviceMgr* pDeviceMgr = CGlobalFunction::GetPluginInterface<IDeviceMgr*>(
-        IDEVICEMGR_INTERFACE_ID, IDEVICEMGR_INTERFACE_NO, CNetSrvPlugin::GetPluginContainer());
-    if (pDeviceMgr != nullptr) {
-        pDeviceMgr->RegisterDeviceCallback(this);
-        NetSrvTrace(TL_INFO,
-                    "CNetSrvImpl::CNetSrvImpl(): pDeviceMgr->RegisterDeviceCallback(this) succed!");
+        IDeviceMgr* pDeviceMgr = CGlobalFunction::GetPluginInterface<IDeviceMgr*>(
+            IDEVICEMGR_INTERFACE_ID, IDEVICEMGR_INTERFACE_NO,
+            CNetSrvPlugin::GetPluginContainer());
+        if (pDeviceMgr != nullptr) {
+            pDeviceMgr->RegisterDeviceCallback(this);
+            NetSrvTrace(TL_INFO, "CNetSrvImpl::CNetSrvImpl(): "
+                                 "pDeviceMgr->RegisterDeviceCallback(this) succed!");
+        }
+
+        m_ATCallbackThread.StartThread(this, &CNetSrvImpl::ATCallbackThread, 0);
+    } catch (...) {
+        // The object is about to be freed: the processor must not call it again.
+        UnRegATCallBack();
+        throw;
     }
-
-    m_ATCallbackThread.StartThread(this, &CNetSrvImpl::ATCallbackThread, 0);
 }
 
 CNetSrvImpl::~CNetSrvImpl()
@@ -162,6 +169,18 @@ IProcessor* CNetSrvImpl::GetAtProcessor()
     return static_cast<IProcessor*>(pProcessor);
 }
 
+bool CNetSrvImpl::ExecuteWaitResponse(IProcessor* pProcessor, ICommand* pCmd, ICommand* pRsp,
+                                      unsigned long ulTimeoutMs, unsigned long* pdwError)
+{
+    unsigned long dwError = 0;
+    if (pProcessor->ExecuteCmdWaitResponse(pCmd, pRsp, &dwError, ulTimeoutMs)) {
+        return true;
+    }
+    m_dwLastError = dwError;
+    *pdwError = dwError;
+    return false;
+}
+
 bool CNetSrvImpl::SRVGetLastErr(NETSRV_DATA::SRV_LAST_ERROR* pLastErr, unsigned long* pdwStatus)
 {
     if (pdwStatus == nullptr) {
@@ -182,8 +201,7 @@ bool CNetSrvImpl::SRVGetLastErr(NETSRV_DATA::SRV_LAST_ERROR* pLastErr, unsigned 
         NetSrvTrace(TL_ERRO, NETSRV_MSG_NO_PROCESSOR);
         return false;
     }
-    if (!pProcessor->ExecuteCmdWaitResponse(&cmd, &rsp, &m_dwLastError, kCommandTimeoutMs)) {
-        *pdwStatus = static_cast<unsigned long>(GetLastError());
+    if (!ExecuteWaitResponse(pProcessor, &cmd, &rsp, kCommandTimeoutMs, pdwStatus)) {
         NetSrvTrace(TL_ERRO, "CNetSrvImpl::SRVGetLastErr error");
         return false;
     }

@@ -159,7 +159,15 @@ private:
     // Body of the report thread: one queued report every 200 ms until stopped.
     void ATCallbackThread();
 
-    unsigned long m_dwLastError;
+    // The execute-and-wait road: runs a command with its response object and a
+    // time-out; a failure's code becomes the service's last error and is written
+    // to *pdwError. Each call hands the processor an error word of its own, so
+    // that two queries failing at once cannot see each other's code.
+    bool ExecuteWaitResponse(IProcessor* pProcessor, ICommand* pCmd, ICommand* pRsp,
+                             unsigned long ulTimeoutMs, unsigned long* pdwError);
+
+    // Written by whichever query failed last, on any host thread.
+    std::atomic<unsigned long> m_dwLastError;
     NETSRV_DATA::BandList m_stBandList;
     NETSRV_DATA::BandList m_stLteBandList;
     NETSRV_DATA::AcqOrderList m_stAcqOrderList;

@@ -2,21 +2,27 @@
 
 #include <nlohmann/json.hpp>
 
+#include "AtCodec/IProcessor.h"
 #include "ErrorText.h"
 
 namespace netsrvctl {
 
 namespace {
-// The service failed: say which error word it gave and what it means.
+// The service failed: say which error word it gave and what it means. A modem
+// that stopped answering or whose port went away is the modem's failure, not
+// the operation's.
 ExitStatus ReportFailure(const char* pszWhat, unsigned long dwError, const OutputOptions& out,
                          std::ostream& os, std::ostream& err)
 {
+    const ExitStatus status =
+        dwError == AT_ERROR_TIMEOUT || dwError == AT_ERROR_PORT_CLOSED ? EXIT_NO_MODEM
+                                                                       : EXIT_FAILED;
     const std::string meaning = DescribeErrorWord(dwError);
     if (out.json) {
         os << nlohmann::json{{"error", dwError}, {"meaning", meaning}}.dump() << "\n";
     }
     err << "netsrvctl: " << pszWhat << " failed: error " << dwError << " (" << meaning << ")\n";
-    return EXIT_FAILED;
+    return status;
 }
 }  // namespace
 

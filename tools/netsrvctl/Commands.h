@@ -23,8 +23,9 @@ struct MonitorOptions {
     int count = 0;          // stop after this many lines; 0: no limit
     double timeoutS = 0;    // stop after this many seconds; 0: no limit
 };
+// Ends with EXIT_NO_MODEM when the modem's port is gone at the end.
 ExitStatus RunMonitor(ToolHost& host, const MonitorOptions& monitor, const OutputOptions& out,
-                      std::ostream& os);
+                      std::ostream& os, std::ostream& err);
 
 }  // namespace netsrvctl
 

@@ -130,7 +130,7 @@ bool OnServiceEvent(int iEvent, void* pData)
 }  // namespace
 
 ExitStatus RunMonitor(ToolHost& host, const MonitorOptions& monitor, const OutputOptions& out,
-                      std::ostream& os)
+                      std::ostream& os, std::ostream& err)
 {
     MonitorClients clients(out.json);
     g_pClients = &clients;
@@ -146,10 +146,12 @@ ExitStatus RunMonitor(ToolHost& host, const MonitorOptions& monitor, const Outpu
     for (const char* pszName : kReportNames) {
         rows.emplace_back(0, pszName, AT_TYPE_NORMAL);
     }
-    host.Processor()->RegisterClient(kMonitorClientName, &clients, rows);
+    const bool bSubscribed = host.Processor()->RegisterClient(kMonitorClientName, &clients, rows);
 
+    // A time-out beyond a year is no limit (and would overflow the clock's range).
+    const double kNoLimitSeconds = 365.0 * 24 * 3600;
     const auto deadline =
-        monitor.timeoutS > 0
+        monitor.timeoutS > 0 && monitor.timeoutS < kNoLimitSeconds
             ? std::chrono::steady_clock::now() +
                   std::chrono::milliseconds(static_cast<long long>(monitor.timeoutS * 1000))
             : std::chrono::steady_clock::time_point::max();
@@ -167,6 +169,11 @@ ExitStatus RunMonitor(ToolHost& host, const MonitorOptions& monitor, const Outpu
     g_pClients = nullptr;
     std::signal(SIGINT, previousInt);
     std::signal(SIGTERM, previousTerm);
+
+    if (!bSubscribed || !host.Processor()->IsOpen()) {
+        err << "netsrvctl: monitor: the modem's port is gone\n";
+        return EXIT_NO_MODEM;
+    }
     return EXIT_OK;
 }
 

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "Commands.h"
+#include "SerialPort.h"
 #include "ToolHost.h"
 #include "TraceSrv.h"
 
@@ -44,7 +45,18 @@ int main(int argc, char** argv)
     pDevice->excludes(pSimulate);
     app.add_option("--device-kind", host.deviceKind, "the modem's kind instead of probing it")
         ->check(CLI::IsMember({"gsm", "cdma", "td-scdma"}));
-    app.add_option("--baud", host.baud, "line speed of the AT port")->check(CLI::PositiveNumber);
+    app.add_option("--baud", host.baud, "line speed of the AT port (default 115200)")
+        ->check(CLI::Validator(
+            [](std::string& value) -> std::string {
+                int baud = 0;
+                try {
+                    baud = std::stoi(value);
+                } catch (...) {
+                    return "not a number: " + value;
+                }
+                return host::BaudConstant(baud) != 0 ? "" : "unsupported line speed " + value;
+            },
+            "BAUD"));
     app.add_flag("--json", output.json, "print JSON, one object a line");
     app.add_option("--trace", traceLevel,
                    "show the plugin's traces up to LEVEL (1 alarms, 2 failures, 3 warnings, "
@@ -102,7 +114,7 @@ int main(int argc, char** argv)
     } else if (*pAddress) {
         status = RunAddress(toolHost, output, std::cout, std::cerr);
     } else if (*pMonitor) {
-        status = RunMonitor(toolHost, monitor, output, std::cout);
+        status = RunMonitor(toolHost, monitor, output, std::cout, std::cerr);
     }
     toolHost.Stop();
     return status;
