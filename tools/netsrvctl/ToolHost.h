@@ -51,6 +51,8 @@ public:
     IBasePlugin* Plugin() { return m_container.Plugin(); }
     host::CAtProcessor* Processor() { return m_pProcessor.get(); }
     modemsim::Simulator* Simulator() { return m_pSimulator.get(); }
+    // The device kind the device service reports (a DevDataDef::PRODUCT_TYPE).
+    int DeviceKind() { return m_deviceService.GetProductType(); }
 
 private:
     ExitStatus StartSimulator(const std::string& profile, std::string* pDevicePath,
