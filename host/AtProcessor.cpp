@@ -40,9 +40,21 @@ const unsigned long kMaxTimeoutMs = 24UL * 60 * 60 * 1000;
 
 // Settling the line after a time-out (see Settle).
 const milliseconds kSettleQuiet(300);
-const milliseconds kSettleTail(100);
 const milliseconds kSettleMax(2000);
 const milliseconds kProbeTimeout(1000);
+const milliseconds kProbeTail(500);
+const int kMaxProbesPerSettle = 2;
+// The probe: every modem driven here knows +CMEE (it is set at open), and its
+// read form answers with a line of its own ("+CMEE: 1") before the final, so
+// the probe's final can be told from a late one of a timed-out command.
+const char* const kProbeLine = "AT+CMEE?";
+const RunningCommand kProbeCommand{"+CMEE", false};
+
+bool IsProbeAnswerLine(const std::string& line)
+{
+    static const NameSet kNone;
+    return ClassifyLine(line, &kProbeCommand, kNone).kind == LineKind::Information;
+}
 
 // Reports waiting for the dispatch thread; beyond this (a client that blocks
 // its callback while the modem floods reports) new ones are dropped.
@@ -136,9 +148,8 @@ public:
         if (m_cmd.bWritten && !m_cmd.bDone && !m_self.PortChanged(m_generation)) {
             // The modem may still answer; that answer must not be taken for the
             // next command's.
-            m_self.m_bStaleOwed = true;
+            ++m_self.m_uStaleOwed;
             m_self.m_stale = m_cmd.desc;
-            m_self.m_uStaleFinals = 0;
         }
         m_self.m_bLineBusy = false;
         m_self.m_cvLine.notify_all();
@@ -210,8 +221,7 @@ bool CAtProcessor::Open(std::string* pError)
         generation = ++m_uGeneration;
         m_bLineBusy = false;
         m_pRunning = nullptr;
-        m_bStaleOwed = false;
-        m_uStaleFinals = 0;
+        ForgetOwedLocked();
         m_tLastByte = Clock::now();
         m_jobs.clear();
         m_nQueuedReports = 0;
@@ -311,7 +321,7 @@ void CAtProcessor::Close()
         m_jobs.clear();
         m_nQueuedReports = 0;
         m_inFlightClient.clear();
-        m_bStaleOwed = false;
+        ForgetOwedLocked();
     }
     Trace(TL_INFO, "closed " + m_path);
 }
@@ -433,77 +443,138 @@ bool CAtProcessor::WriteLine(const std::string& bytes, unsigned long ulTimeoutMs
 }
 
 // Stale answers. A command that timed out may still be answered: a slow
-// operator search, or a modem that was busy. Modems answer in order, so the
-// next final result on the line is that command's. Before the next command is
-// written the line is settled: the stale final is awaited (its lines are
-// recognised by the old command's name and dropped, also when that name is
-// subscribed); if the line stays quiet, a bare "AT" is sent, which the modem
-// answers after the old command or instead of it (its characters abort an
-// abortable command such as "+COPS=?", whose abort result then comes instead).
-// One final, then a short quiet, and the line is known to be clean. A modem
-// that answers nothing, not even the "AT", is given up on after a bounded wait:
-// the next command then fails on its own time-out.
-bool CAtProcessor::Settle(std::unique_lock<std::mutex>& lock, std::uint64_t generation)
+// operator search, or a modem that was busy. Until every answer the line owes
+// has come (or is known never to come) no command is written, so a late final
+// can never complete a newer command. What is owed is counted: one final per
+// timed-out command and one per probe written and not yet answered.
+//
+// Settling, before the next command: the stale final is awaited for as long as
+// the line keeps talking (its lines are recognised by the old command's name
+// and dropped, also when that name is subscribed). When the line goes quiet an
+// "AT+CMEE?" probe is sent. Modems answer in order, so once the probe's
+// "+CMEE: 1" and the final after it have come, every final a timed-out command
+// could still send came before it: the line owes nothing, also when the modem
+// lost the old command altogether. When the probe's characters abort the old
+// command (an abortable "+COPS=?") the abort result comes and the probe is
+// swallowed; one more probe is sent then.
+//
+// Probes that went unanswered in an earlier settling may still be answered
+// (a busy modem queues them) or never (it dropped them). Once a probe has been
+// answered the modem is working through its input, and an instant command
+// queued behind is answered at once; when a short quiet follows instead, the
+// remaining ones were dropped and are no longer awaited.
+//
+// A modem that answers no probe at all is not taken for a clean line: the
+// command fails with AT_ERROR_TIMEOUT unwritten, what is owed stays owed (a
+// late final, however late, is still dropped), and the next command settles
+// again with a fresh probe.
+CAtProcessor::SettleResult CAtProcessor::Settle(std::unique_lock<std::mutex>& lock,
+                                                std::uint64_t generation)
 {
     const Clock::time_point start = Clock::now();
-    const Clock::time_point hardEnd = start + kSettleMax + kProbeTimeout + kSettleTail;
-    m_bSettling = true;
-    m_uStaleFinals = 0;
-    struct SettlingFlag {
-        bool& flag;
-        std::unique_lock<std::mutex>& lock;
-        ~SettlingFlag()
-        {
-            if (!lock.owns_lock()) {
-                lock.lock();   // cancelled during the probe's write
-            }
-            flag = false;
-        }
-    } settling{m_bSettling, lock};
-    bool bProbed = false;
-    Clock::time_point probeDeadline;
+    const Clock::time_point hardEnd =
+        start + kSettleMax + kMaxProbesPerSettle * kProbeTimeout + kProbeTail;
+    const std::uint64_t answersAtStart = m_uProbeAnswers;
+    int probesSent = 0;
+    std::uint64_t finalsAtProbe = 0;
+    Clock::time_point probeSentAt;
     for (;;) {
         if (PortChanged(generation)) {
-            return false;
+            return SettleResult::PortChanged;
+        }
+        if (!OwedLocked()) {
+            return SettleResult::Settled;
         }
         const Clock::time_point now = Clock::now();
-        if (now >= hardEnd) {
-            break;
-        }
         Clock::time_point wake;
-        if (m_uStaleFinals > 0) {
-            wake = m_tLastByte + kSettleTail;
-            if (now >= wake) {
-                break;
-            }
-        } else if (!bProbed) {
-            wake = std::min(m_tLastByte + kSettleQuiet, start + kSettleMax);
-            if (now >= wake) {
-                bProbed = true;
+        bool bProbe = false;
+        if (m_uProbeAnswers != answersAtStart) {
+            // A probe was answered; older ones are still owed.
+            wake = m_tLastByte + kProbeTail;
+            if (now >= wake || now >= hardEnd) {
+                const unsigned dropped = m_uProbesOwed;
+                ForgetOwedLocked();
                 lock.unlock();
-                Trace(TL_WARN, "line quiet after a time-out; sending AT to settle it");
-                SerialPort::IoResult io = SerialPort::IoResult::Done;
-                WriteLine("AT\r", static_cast<unsigned long>(kProbeTimeout.count()), &io);
+                Trace(TL_WARN, std::to_string(dropped) + " earlier probe(s) never answered");
                 lock.lock();
-                if (io == SerialPort::IoResult::Lost) {
-                    return false;
-                }
-                probeDeadline = Clock::now() + kProbeTimeout;
                 continue;
             }
+        } else if (now >= hardEnd) {
+            return SettleResult::Silent;
+        } else if (probesSent == 0) {
+            wake = std::min(m_tLastByte + kSettleQuiet, start + kSettleMax);
+            bProbe = now >= wake;
+        } else if (m_uDroppedFinals != finalsAtProbe && probesSent < kMaxProbesPerSettle) {
+            // A final came after the probe went out, but not the probe's
+            // answer: the probe may have been taken as an abort.
+            wake = m_tLastByte + kSettleQuiet;
+            bProbe = now >= wake;
         } else {
-            wake = probeDeadline;
+            wake = probeSentAt + kProbeTimeout;
             if (now >= wake) {
-                break;
+                return SettleResult::Silent;
             }
+        }
+        if (bProbe) {
+            // Owed before it goes out: its answer may come before the write
+            // call returns.
+            ++m_uProbesOwed;
+            ++probesSent;
+            finalsAtProbe = m_uDroppedFinals;
+            lock.unlock();
+            Trace(TL_WARN, std::string("line unsettled after a time-out; sending ") + kProbeLine);
+            SerialPort::IoResult io = SerialPort::IoResult::Done;
+            WriteLine(std::string(kProbeLine) + "\r",
+                      static_cast<unsigned long>(kProbeTimeout.count()), &io);
+            lock.lock();
+            if (io == SerialPort::IoResult::Lost) {
+                return SettleResult::PortChanged;
+            }
+            if (io == SerialPort::IoResult::WouldBlock) {
+                return SettleResult::Silent;   // the modem takes no bytes
+            }
+            probeSentAt = Clock::now();
+            continue;
         }
         const Clock::time_point until = std::min(wake, hardEnd);
         WaitOn(m_cvLine, lock, &until);
     }
-    m_bStaleOwed = false;
-    m_uStaleFinals = 0;
+}
+
+void CAtProcessor::ForgetOwedLocked()
+{
+    m_uStaleOwed = 0;
+    m_uProbesOwed = 0;
+    m_bProbeLineSeen = false;
     m_stale = RunningCommand();
-    return true;
+}
+
+// A final result while no command waits for one: owed by a timed-out command
+// or a probe, and dropped.
+void CAtProcessor::DropFinalLocked()
+{
+    ++m_uDroppedFinals;
+    if (m_bProbeLineSeen) {
+        // "+CMEE: 1" then "OK": a probe's answer. Modems answer in order, so
+        // whatever a timed-out command owed came before it or never comes.
+        m_bProbeLineSeen = false;
+        if (m_uProbesOwed != 0) {
+            --m_uProbesOwed;
+        }
+        m_uStaleOwed = 0;
+        ++m_uProbeAnswers;
+    } else if (m_uStaleOwed != 0) {
+        --m_uStaleOwed;
+    } else if (m_uProbesOwed != 0) {
+        // Nothing but probes is owed: a probe answered without its "+CMEE:"
+        // line (a bare ERROR).
+        --m_uProbesOwed;
+        ++m_uProbeAnswers;
+    }
+    if (m_uStaleOwed == 0) {
+        // Its lines are not awaited any more: reports of that name flow again.
+        m_stale = RunningCommand();
+    }
 }
 
 bool CAtProcessor::Run(const std::string& line, Pending& cmd, unsigned long ulTimeoutMs,
@@ -540,8 +611,17 @@ bool CAtProcessor::Run(const std::string& line, Pending& cmd, unsigned long ulTi
         return Fail(AT_ERROR_PORT_CLOSED, pdwError);
     }
     LineTurn turn(*this, lock, cmd, generation);
-    if (m_bStaleOwed && !Settle(lock, generation)) {
-        return Fail(AT_ERROR_PORT_CLOSED, pdwError);
+    if (OwedLocked()) {
+        switch (Settle(lock, generation)) {
+        case SettleResult::Settled:
+            break;
+        case SettleResult::PortChanged:
+            return Fail(AT_ERROR_PORT_CLOSED, pdwError);
+        case SettleResult::Silent:
+            lock.unlock();
+            Trace(TL_WARN, "the modem answers no probe; " + Printable(line) + " not sent");
+            return Fail(AT_ERROR_TIMEOUT, pdwError);
+        }
     }
 
     m_pRunning = &cmd;
@@ -805,10 +885,17 @@ void CAtProcessor::HandleLineLocked(const std::string& line)
     const RunningCommand* pDesc = nullptr;
     if (pRunning != nullptr) {
         pDesc = &pRunning->desc;
-    } else if (m_bStaleOwed) {
+    } else if (m_uStaleOwed != 0) {
         pDesc = &m_stale;
     }
     LineClass cls = ClassifyLine(line, pDesc, m_subscribed);
+    // The old command's own lines first: a timed-out "AT+CMEE?" answers
+    // "+CMEE: 1" too, before any probe does.
+    if (pRunning == nullptr && m_uProbesOwed != 0 && cls.kind != LineKind::Information &&
+        IsProbeAnswerLine(line)) {
+        m_bProbeLineSeen = true;
+        return;
+    }
     switch (cls.kind) {
     case LineKind::FinalOk:
     case LineKind::FinalError:
@@ -816,16 +903,8 @@ void CAtProcessor::HandleLineLocked(const std::string& line)
             pRunning->bDone = true;
             pRunning->bOk = cls.kind == LineKind::FinalOk;
             pRunning->dwError = cls.errorCode;
-        } else if (m_bStaleOwed) {
-            // The late answer of a timed-out command: dropped. Outside a
-            // settling it ends the stale state at once, so that reports of
-            // that name flow again without waiting for the next command.
-            if (m_bSettling) {
-                ++m_uStaleFinals;
-            } else {
-                m_bStaleOwed = false;
-                m_stale = RunningCommand();
-            }
+        } else {
+            DropFinalLocked();
         }
         break;
     case LineKind::Information:
@@ -866,9 +945,8 @@ void CAtProcessor::OnPortLost()
                 m_pRunning->bDone = true;
                 m_pRunning->dwError = AT_ERROR_PORT_CLOSED;
             }
-            m_bStaleOwed = false;
-            m_uStaleFinals = 0;
-            m_stale = RunningCommand();
+            // A new line owes nothing; the old one's answers are gone with it.
+            ForgetOwedLocked();
             if (!m_bStopping) {
                 Job job;
                 job.kind = Job::Kind::PortDown;

@@ -85,8 +85,9 @@ public:
     // counted from the moment it is written; waiting for one's turn is not.
     // A command that timed out may still be answered later: that answer is
     // dropped, and before the next command is written the line is settled
-    // (the late final awaited, or a bare "AT" sent when the line stays quiet).
-    // The error word is written only on failure.
+    // (the late final awaited, or an "AT+CMEE?" probe answered). A modem that
+    // answers neither fails the next command with AT_ERROR_TIMEOUT without
+    // writing it. The error word is written only on failure.
     bool RegisterClient(const std::string& strClient, IAtCallBack* pCallBack,
                         const std::vector<CmdSetItem>& vctCmds) override;
     // Waits for a callback to this client that is running on the dispatch
@@ -130,9 +131,14 @@ private:
 
     class LineTurn;
 
+    enum class SettleResult { Settled, Silent, PortChanged };
+
     bool Run(const std::string& line, Pending& cmd, unsigned long ulTimeoutMs,
              unsigned long* pdwError);
-    bool Settle(std::unique_lock<std::mutex>& lock, std::uint64_t generation);
+    SettleResult Settle(std::unique_lock<std::mutex>& lock, std::uint64_t generation);
+    bool OwedLocked() const { return m_uStaleOwed != 0 || m_uProbesOwed != 0; }
+    void ForgetOwedLocked();
+    void DropFinalLocked();
     bool PortChanged(std::uint64_t generation) const;
     bool WriteLine(const std::string& bytes, unsigned long ulTimeoutMs,
                    SerialPort::IoResult* pResult);
@@ -166,10 +172,14 @@ private:
     int m_nCallers = 0;                     // threads inside Run
     bool m_bLineBusy = false;
     Pending* m_pRunning = nullptr;
-    bool m_bStaleOwed = false;              // a timed-out command may still answer
-    RunningCommand m_stale;                 // that command, to recognise its lines
-    bool m_bSettling = false;               // a caller is settling the line (Settle)
-    unsigned m_uStaleFinals = 0;            // finals seen while settling
+    // Answers the line still owes (see Settle); no command is written while
+    // any is owed.
+    unsigned m_uStaleOwed = 0;              // finals of commands that timed out
+    unsigned m_uProbesOwed = 0;             // settling probes not yet answered
+    RunningCommand m_stale;                 // the last such command, to recognise its lines
+    bool m_bProbeLineSeen = false;          // a probe's "+CMEE:" came: the next final is its
+    std::uint64_t m_uProbeAnswers = 0;      // probes answered, ever
+    std::uint64_t m_uDroppedFinals = 0;     // finals of no running command, ever
     Clock::time_point m_tLastByte;
     std::map<std::string, Client, std::less<>> m_clients;
     NameSet m_subscribed;

@@ -139,6 +139,11 @@ void SerialPort::Close()
     if (m_fd < 0) {
         return;
     }
+    // Output the modem has not taken (a modem that stopped reading, a line
+    // that hung up) is dropped: otherwise close() waits for it to drain, up to
+    // the driver's closing_wait (30 s on USB-serial adapters). Unread input
+    // is nobody's any more either.
+    ::tcflush(m_fd, TCIOFLUSH);
     if (m_bSaved) {
         // TCSANOW: after a hang-up there is nobody to drain output to.
         ::tcsetattr(m_fd, TCSANOW, &m_saved);

@@ -201,6 +201,36 @@ const std::vector<std::string> kSysinfo = {"2", "4", "5", "3", "1", "0", "6"};
 const char* const kSysinfoAnswer = "\r\n^SYSINFO:2,4,5,3,1,0,6\r\n\r\nOK\r\n";
 const char* const kCsqAnswer = "\r\n+CSQ: 17,99\r\n\r\nOK\r\n";
 const std::vector<std::string> kCsq = {"17", "99"};
+// The answer to a "^SYSINFO" that timed out, told apart from kSysinfoAnswer.
+const char* const kLateSysinfoAnswer = "\r\n^SYSINFO:1,1,0,0,1,0,0\r\n\r\nOK\r\n";
+const char* const kProbe = "AT+CMEE?\r";
+
+// What a modem answers to the lines the processor sends of its own accord:
+// the greeting and the "AT+CMEE?" that settles the line after a time-out.
+// "" for any other line.
+std::string Housekeeping(const std::string& line)
+{
+    if (line == "ATE0" || line == "AT+CMEE=1" || line == "AT") {
+        return "\r\nOK\r\n";
+    }
+    if (line == "AT+CMEE?") {
+        return "\r\n+CMEE: 1\r\n\r\nOK\r\n";
+    }
+    return "";
+}
+
+// A modem that answers "^SYSINFO" and "+CSQ", and ERROR to what it lacks.
+std::string Answered(const std::string& line)
+{
+    if (line == "AT^SYSINFO") {
+        return kSysinfoAnswer;
+    }
+    if (line == "AT+CSQ") {
+        return kCsqAnswer;
+    }
+    const std::string own = Housekeeping(line);
+    return own.empty() ? "\r\nERROR\r\n" : own;
+}
 const unsigned long kPortClosed = AT_ERROR_PORT_CLOSED;
 const unsigned long kTimeout = AT_ERROR_TIMEOUT;
 
@@ -209,7 +239,7 @@ const unsigned long kTimeout = AT_ERROR_TIMEOUT;
 // The master side of a pseudo-terminal, served on its own thread. Every
 // command line (up to CR) goes to the answer function, whose result is written
 // back as it stands ("" answers nothing). By default the greeting and the
-// settling "AT" are answered OK and everything else ERROR. The answer function
+// settling probe are answered and everything else is an ERROR. The answer function
 // runs on the modem's thread, which outlives the test body: what it keeps it
 // owns (captured by value), nothing on the body's stack.
 class ScriptedModem {
@@ -306,10 +336,8 @@ public:
 private:
     static std::string DefaultAnswer(const std::string& line)
     {
-        if (line == "ATE0" || line == "AT+CMEE=1" || line == "AT") {
-            return "\r\nOK\r\n";
-        }
-        return "\r\nERROR\r\n";
+        const std::string own = Housekeeping(line);
+        return own.empty() ? "\r\nERROR\r\n" : own;
     }
 
     void WriteAll(const std::string& bytes)
@@ -388,10 +416,8 @@ ScriptedModem::Answer Table(std::map<std::string, std::string> answers)
         if (it != answers.end()) {
             return it->second;
         }
-        if (line == "ATE0" || line == "AT+CMEE=1" || line == "AT") {
-            return "\r\nOK\r\n";
-        }
-        return "\r\nERROR\r\n";
+        const std::string own = Housekeeping(line);
+        return own.empty() ? "\r\nERROR\r\n" : own;
     };
 }
 
@@ -779,50 +805,235 @@ TEST_F(ProcessorPtyTest, SilentModemTimesOutAndItsLateAnswerIsDropped)
     EXPECT_TRUE(processor->UnRegisterClient("NetSrv"));
 }
 
-TEST_F(ProcessorPtyTest, LateAnswerOfABusyModemIsNotTakenForTheNextCommand)
+TEST_F(ProcessorPtyTest, TimedOutCommandDoesNotSpoilTheCommandsAfterIt)
 {
-    // A busy modem: the timed-out command's answer comes only when the modem
-    // gets to it, before it answers whatever is sent next.
-    auto owed = std::make_shared<std::atomic<bool>>(false);
-    m_modem->SetAnswer([owed](const std::string& line) -> std::string {
-        if (line == "AT^SYSINFO") {
-            owed->store(true);
-            return "";
-        }
-        const std::string late = owed->exchange(false) ? kSysinfoAnswer : "";
-        return late + (line == "AT+CSQ" ? kCsqAnswer : "\r\nOK\r\n");
-    });
-    auto processor = OpenProcessor(m_modem->Path());
-    const Outcome busy = AskSysinfo(*processor, 200);
-    EXPECT_FALSE(busy.ok);
-    EXPECT_EQ(kTimeout, busy.error);
-    EXPECT_EQ(std::vector<std::string>(7, "<empty>"), busy.fields);
+    // Each modem leaves the first "^SYSINFO" unanswered until the time-out
+    // and then deals with it in its own way; every command after it must get
+    // its own answer, and the line is settled once, not before each command.
+    // The modem's answer functions see only what they own.
+    using Peer = std::function<ScriptedModem::Answer(ScriptedModem*)>;
+    struct Row {
+        const char* where;
+        Peer peer;
+        int probes;   // settling probes written; -1 when it depends on timing
+    };
+    const std::vector<Row> rows = {
+        {"lost for good: the probe alone settles the line",
+         [](ScriptedModem*) -> ScriptedModem::Answer {
+             auto asked = std::make_shared<std::atomic<bool>>(false);
+             return [asked](const std::string& line) -> std::string {
+                 if (line == "AT^SYSINFO" && !asked->exchange(true)) {
+                     return "";
+                 }
+                 return Answered(line);
+             };
+         },
+         1},
+        {"busy: answered when the probe comes, then the probe",
+         [](ScriptedModem*) -> ScriptedModem::Answer {
+             auto held = std::make_shared<std::atomic<int>>(0);
+             return [held](const std::string& line) -> std::string {
+                 int expected = 0;
+                 if (line == "AT^SYSINFO" && held->compare_exchange_strong(expected, 1)) {
+                     return "";
+                 }
+                 expected = 1;
+                 const bool bLate = held->compare_exchange_strong(expected, 2);
+                 return (bLate ? kLateSysinfoAnswer : "") + Answered(line);
+             };
+         },
+         1},
+        {"answered when the probe comes, the probe's own answer a while later",
+         [](ScriptedModem* modem) -> ScriptedModem::Answer {
+             auto held = std::make_shared<std::atomic<int>>(0);
+             return [held, modem](const std::string& line) -> std::string {
+                 int expected = 0;
+                 if (line == "AT^SYSINFO" && held->compare_exchange_strong(expected, 1)) {
+                     return "";
+                 }
+                 expected = 1;
+                 if (held->compare_exchange_strong(expected, 2)) {
+                     modem->Send(kLateSysinfoAnswer);
+                     std::this_thread::sleep_for(milliseconds(200));
+                 }
+                 return Answered(line);
+             };
+         },
+         -1},
+        {"the probe taken for an abort: its result comes, the probe never",
+         [](ScriptedModem*) -> ScriptedModem::Answer {
+             auto held = std::make_shared<std::atomic<int>>(0);
+             return [held](const std::string& line) -> std::string {
+                 int expected = 0;
+                 if (line == "AT^SYSINFO" && held->compare_exchange_strong(expected, 1)) {
+                     return "";
+                 }
+                 expected = 1;
+                 if (held->compare_exchange_strong(expected, 2)) {
+                     return "\r\nERROR\r\n";
+                 }
+                 return Answered(line);
+             };
+         },
+         2},
+        {"lost, and the probe refused with a bare ERROR",
+         [](ScriptedModem*) -> ScriptedModem::Answer {
+             auto asked = std::make_shared<std::atomic<bool>>(false);
+             return [asked](const std::string& line) -> std::string {
+                 if (line == "AT^SYSINFO" && !asked->exchange(true)) {
+                     return "";
+                 }
+                 return line == "AT+CMEE?" ? "\r\nERROR\r\n" : Answered(line);
+             };
+         },
+         2},
+    };
+    for (const Row& row : rows) {
+        ScriptedModem modem;
+        ASSERT_FALSE(modem.Path().empty());
+        modem.SetAnswer(row.peer(&modem));
+        host::CAtProcessor processor(modem.Path());
+        std::string error;
+        ASSERT_TRUE(processor.Open(&error)) << error;
+        modem.TakeReceived();
 
-    m_modem->TakeReceived();
-    for (int round = 0; round < 2; ++round) {
-        const Outcome signal = AskCsq(*processor);
-        ASSERT_TRUE(signal.ok) << signal.error;
-        EXPECT_EQ(kCsq, signal.fields) << "round " << round;
+        const Outcome timedOut = AskSysinfo(processor, 200);
+        EXPECT_EQ(kTimeout, timedOut.error) << row.where;
+        EXPECT_EQ(std::vector<std::string>(7, "<empty>"), timedOut.fields) << row.where;
+
+        const Outcome first = AskCsq(processor);
+        EXPECT_TRUE(first.ok) << row.where << ": error " << first.error;
+        EXPECT_EQ(kCsq, first.fields) << row.where;
+        const Outcome info = AskSysinfo(processor);
+        EXPECT_TRUE(info.ok) << row.where << ": error " << info.error;
+        EXPECT_EQ(kSysinfo, info.fields) << row.where;
+        const Outcome second = AskCsq(processor);
+        EXPECT_TRUE(second.ok) << row.where << ": error " << second.error;
+        EXPECT_EQ(kCsq, second.fields) << row.where;
+
+        const std::string written = modem.TakeReceived();
+        const std::string commands = "AT+CSQ\rAT^SYSINFO\rAT+CSQ\r";
+        if (row.probes >= 0) {
+            std::string probes;
+            for (int i = 0; i < row.probes; ++i) {
+                probes += kProbe;
+            }
+            EXPECT_EQ("AT^SYSINFO\r" + probes + commands, written) << row.where;
+        } else {
+            ASSERT_GE(written.size(), commands.size()) << row.where;
+            EXPECT_EQ(commands, written.substr(written.size() - commands.size())) << row.where;
+        }
     }
-    // The quiet line was settled with a bare AT before the first "+CSQ".
-    EXPECT_EQ("AT\rAT+CSQ\rAT+CSQ\r", m_modem->TakeReceived());
 }
 
-TEST_F(ProcessorPtyTest, CommandLostByTheModemDoesNotSpoilTheNext)
+TEST_F(ProcessorPtyTest, LateAnswerLongAfterTheLineWasGivenUpOnIsDropped)
 {
-    // The first "^SYSINFO" is swallowed for good; later ones are answered.
-    auto asked = std::make_shared<std::atomic<int>>(0);
-    m_modem->SetAnswer([asked](const std::string& line) -> std::string {
-        if (line == "AT^SYSINFO") {
-            return asked->fetch_add(1) == 0 ? "" : kSysinfoAnswer;
+    // After "^SYSINFO" the modem is busy and answers nothing, the settling
+    // probe included, until the test lets it go on. Then the old answer comes
+    // (and, from a modem that kept its input, the probes' answers), long after
+    // the next command gave up on the line.
+    struct Busy {
+        std::mutex mutex;
+        std::condition_variable cv;
+        bool bKeepsInput = false;
+        bool bStarted = false;
+        bool bBusy = false;
+        std::vector<std::string> queued;
+    };
+    struct Row {
+        const char* where;
+        bool bKeepsInput;
+        bool bFreedWhileSettling;   // else while the line is idle
+        std::string written;        // after the timed-out command
+    };
+    const std::vector<Row> rows = {
+        {"keeps its input, catches up while the next command settles", true, true,
+         std::string(kProbe) + kProbe + "AT+CSQ\rAT^SYSINFO\r"},
+        {"keeps its input, catches up while the line is idle", true, false,
+         std::string(kProbe) + "AT+CSQ\rAT^SYSINFO\r"},
+        {"drops what comes while it is busy", false, false,
+         std::string(kProbe) + kProbe + "AT+CSQ\rAT^SYSINFO\r"},
+    };
+    for (const Row& row : rows) {
+        ScriptedModem modem;
+        ASSERT_FALSE(modem.Path().empty());
+        auto busy = std::make_shared<Busy>();
+        busy->bKeepsInput = row.bKeepsInput;
+        modem.SetAnswer([busy](const std::string& line) -> std::string {
+            std::lock_guard<std::mutex> lock(busy->mutex);
+            if (line == "AT^SYSINFO" && !busy->bStarted) {
+                busy->bStarted = true;
+                busy->bBusy = true;
+                return "";
+            }
+            if (busy->bBusy) {
+                if (busy->bKeepsInput) {
+                    busy->queued.push_back(line);
+                    busy->cv.notify_all();
+                }
+                return "";
+            }
+            return Answered(line);
+        });
+        // The modem goes on: the old answer, what it kept, and a report that
+        // shows when the processor has read all of it.
+        const auto freeModem = [&] {
+            std::lock_guard<std::mutex> lock(busy->mutex);
+            std::string burst = kLateSysinfoAnswer;
+            for (const std::string& line : busy->queued) {
+                burst += Answered(line);
+            }
+            busy->queued.clear();
+            busy->bBusy = false;
+            modem.Send(burst + "\r\n^MODE:5,4\r\n");
+        };
+        host::CAtProcessor processor(modem.Path());
+        std::string error;
+        ASSERT_TRUE(processor.Open(&error)) << error;
+        RecordingClient client;
+        ASSERT_TRUE(processor.RegisterClient(
+            "NetSrv", &client,
+            {CmdSetItem(INDEX_SYS_INFO, "^SYSINFO", AT_TYPE_NORMAL),
+             CmdSetItem(INDEX_SYS_MODE, "^MODE", AT_TYPE_UNSOLICITED)}));
+        modem.TakeReceived();
+
+        EXPECT_EQ(kTimeout, AskSysinfo(processor, 200).error) << row.where;
+        // The probe goes unanswered: the next command is not written at all.
+        const Clock::time_point start = Clock::now();
+        EXPECT_EQ(kTimeout, AskCsq(processor).error) << row.where;
+        EXPECT_LT(ElapsedMs(start), 3000) << row.where;
+
+        Outcome next;
+        if (row.bFreedWhileSettling) {
+            std::thread caller([&] { next = AskCsq(processor); });
+            {
+                // Both probes are with the modem before it goes on.
+                std::unique_lock<std::mutex> lock(busy->mutex);
+                EXPECT_TRUE(busy->cv.wait_for(lock, milliseconds(3000),
+                                              [&] { return busy->queued.size() >= 2; }))
+                    << row.where;
+            }
+            freeModem();
+            caller.join();
+        } else {
+            freeModem();
+            EXPECT_TRUE(client.WaitForReports(1, 2000)) << row.where;
+            next = AskCsq(processor);
         }
-        return "\r\nOK\r\n";
-    });
-    auto processor = OpenProcessor(m_modem->Path());
-    EXPECT_EQ(kTimeout, AskSysinfo(*processor, 200).error);
-    const Outcome info = AskSysinfo(*processor);
-    ASSERT_TRUE(info.ok) << info.error;
-    EXPECT_EQ(kSysinfo, info.fields);
+        EXPECT_TRUE(next.ok) << row.where << ": error " << next.error;
+        EXPECT_EQ(kCsq, next.fields) << row.where;
+        const Outcome info = AskSysinfo(processor);
+        EXPECT_TRUE(info.ok) << row.where << ": error " << info.error;
+        EXPECT_EQ(kSysinfo, info.fields) << row.where;
+        EXPECT_EQ("AT^SYSINFO\r" + row.written, modem.TakeReceived()) << row.where;
+
+        // The old answer was no report; the report after it was.
+        ASSERT_TRUE(client.WaitForReports(1, 2000)) << row.where;
+        const std::vector<Command> reports = client.Reports();
+        ASSERT_EQ(1u, reports.size()) << row.where;
+        EXPECT_EQ("^MODE", reports[0].name) << row.where;
+        EXPECT_TRUE(processor.UnRegisterClient("NetSrv"));
+    }
 }
 
 TEST_F(ProcessorPtyTest, CallersTakeTurnsOnTheLine)
@@ -1016,6 +1227,31 @@ TEST_F(ProcessorPtyTest, VanishedPortFailsTheWaitingCommandsAndComesBack)
     EXPECT_EQ(kSysinfo, info.fields);
 }
 
+TEST_F(ProcessorPtyTest, LineThatComesBackOwesNothingOfTheOldOne)
+{
+    LinkedPort port;
+    port.PointTo(m_modem->Path());
+    // A command and the probe after it stay unanswered: the line owes both.
+    m_modem->SetAnswer(Table({{"AT^SYSINFO", ""}, {"AT+CMEE?", ""}}));
+    auto processor = OpenProcessor(port.Path());
+    EXPECT_EQ(kTimeout, AskSysinfo(*processor, 200).error);
+    EXPECT_EQ(kTimeout, AskCsq(*processor).error);
+    EXPECT_EQ(std::string("AT^SYSINFO\r") + kProbe, m_modem->TakeReceived());
+
+    m_modem->Vanish();
+    port.Remove();
+    ASSERT_TRUE(m_ports.WaitFor({true, false}, 2000));
+    ScriptedModem back;
+    back.SetAnswer(Table({{"AT^SYSINFO", kSysinfoAnswer}}));
+    port.PointTo(back.Path());
+    ASSERT_TRUE(m_ports.WaitFor({true, false, true}, 3000));
+    const Outcome info = AskSysinfo(*processor);
+    ASSERT_TRUE(info.ok) << info.error;
+    EXPECT_EQ(kSysinfo, info.fields);
+    // No probe: neither the greeting nor the command waited for the old line.
+    EXPECT_EQ("ATE0\rAT+CMEE=1\rAT^SYSINFO\r", back.TakeReceived());
+}
+
 TEST_F(ProcessorPtyTest, CloseFailsTheWaitingCommand)
 {
     m_modem->SetAnswer(Table({{"AT^SYSINFO", ""}}));
@@ -1055,10 +1291,10 @@ TEST_F(ProcessorPtyTest, KilledCallerGivesTheLineBack)
 {
     auto asked = std::make_shared<std::atomic<int>>(0);
     m_modem->SetAnswer([asked](const std::string& line) -> std::string {
-        if (line == "AT^SYSINFO") {
-            return asked->fetch_add(1) == 0 ? "" : kSysinfoAnswer;
+        if (line == "AT^SYSINFO" && asked->fetch_add(1) == 0) {
+            return "";
         }
-        return "\r\nOK\r\n";
+        return Answered(line);
     });
     auto processor = OpenProcessor(m_modem->Path());
     WaitingThread waiting(*processor);
