@@ -683,29 +683,31 @@ bool CAtProcessor::ExecuteText(const std::string& strLine, const std::string& st
     }
 }
 
-bool CAtProcessor::ExecuteCmdWaitResponse(ICommand* pCmd, ICommand* pRsp,
-                                          unsigned long* pdwError, unsigned long ulTimeoutMs)
+bool CAtProcessor::RunObject(ICommand* pCmd, bool bRouteInfo, unsigned long ulTimeoutMs,
+                             unsigned long* pdwError, Pending& cmd)
+{
+    if (pCmd == nullptr) {
+        return Fail(AT_ERROR_BAD_COMMAND, pdwError);
+    }
+    const std::string line = FormatCommandLine(*pCmd);
+    if (line.empty()) {
+        return Fail(AT_ERROR_BAD_COMMAND, pdwError);
+    }
+    cmd.desc.name = pCmd->GetName();
+    cmd.desc.bRawData = (pCmd->GetType() & AT_TYPE_RAWDATA) != 0;
+    cmd.bRouteInfo = bRouteInfo;
+    if (!Run(line, cmd, ulTimeoutMs, pdwError)) {
+        Trace(TL_WARN, Printable(line) + " failed: " + std::to_string(m_nLastError.load()));
+        return false;
+    }
+    return true;
+}
+
+template <typename Body>
+bool CAtProcessor::Guarded(unsigned long* pdwError, Body body)
 {
     try {
-        if (pCmd == nullptr || pRsp == nullptr) {
-            return Fail(AT_ERROR_BAD_COMMAND, pdwError);
-        }
-        const std::string line = FormatCommandLine(*pCmd);
-        if (line.empty()) {
-            return Fail(AT_ERROR_BAD_COMMAND, pdwError);
-        }
-        Pending cmd;
-        cmd.desc.name = pCmd->GetName();
-        cmd.desc.bRawData = (pCmd->GetType() & AT_TYPE_RAWDATA) != 0;
-        if (!Run(line, cmd, ulTimeoutMs, pdwError)) {
-            Trace(TL_WARN, Printable(line) + " failed: " + std::to_string(m_nLastError.load()));
-            return false;
-        }
-        // One answer line is expected; a modem that repeats it is read once.
-        if (!cmd.infoTexts.empty()) {
-            FillResponse(*pRsp, InfoFields(cmd.infoTexts.front(), cmd.desc.bRawData));
-        }
-        return true;
+        return body();
     } catch (...) {
         if (JThread::IsCancellationInFlight()) {
             throw;
@@ -714,23 +716,35 @@ bool CAtProcessor::ExecuteCmdWaitResponse(ICommand* pCmd, ICommand* pRsp,
     }
 }
 
+bool CAtProcessor::ExecuteCmdWaitResponse(ICommand* pCmd, ICommand* pRsp,
+                                          unsigned long* pdwError, unsigned long ulTimeoutMs)
+{
+    return Guarded(pdwError, [&] {
+        if (pRsp == nullptr) {
+            return Fail(AT_ERROR_BAD_COMMAND, pdwError);
+        }
+        Pending cmd;
+        if (!RunObject(pCmd, false, ulTimeoutMs, pdwError, cmd)) {
+            return false;
+        }
+        // One answer line is expected; a modem that repeats it is read once.
+        if (!cmd.infoTexts.empty()) {
+            FillResponse(*pRsp, InfoFields(cmd.infoTexts.front(), cmd.desc.bRawData));
+        }
+        return true;
+    });
+}
+
 bool CAtProcessor::ExecuteCmdWaitMultiResponse(ICommand* pCmd, IMultiResponse* pRsp,
                                                unsigned long* pdwError,
                                                unsigned long ulTimeoutMs)
 {
-    try {
-        if (pCmd == nullptr || pRsp == nullptr) {
-            return Fail(AT_ERROR_BAD_COMMAND, pdwError);
-        }
-        const std::string line = FormatCommandLine(*pCmd);
-        if (line.empty()) {
+    return Guarded(pdwError, [&] {
+        if (pRsp == nullptr) {
             return Fail(AT_ERROR_BAD_COMMAND, pdwError);
         }
         Pending cmd;
-        cmd.desc.name = pCmd->GetName();
-        cmd.desc.bRawData = (pCmd->GetType() & AT_TYPE_RAWDATA) != 0;
-        if (!Run(line, cmd, ulTimeoutMs, pdwError)) {
-            Trace(TL_WARN, Printable(line) + " failed: " + std::to_string(m_nLastError.load()));
+        if (!RunObject(pCmd, false, ulTimeoutMs, pdwError, cmd)) {
             return false;
         }
         for (const std::string& text : cmd.infoTexts) {
@@ -741,40 +755,17 @@ bool CAtProcessor::ExecuteCmdWaitMultiResponse(ICommand* pCmd, IMultiResponse* p
             FillResponse(*pOne, InfoFields(text, cmd.desc.bRawData));
         }
         return true;
-    } catch (...) {
-        if (JThread::IsCancellationInFlight()) {
-            throw;
-        }
-        return Fail(AT_ERROR_UNKNOWN, pdwError);
-    }
+    });
 }
 
 bool CAtProcessor::ExecuteCmdNoResponse(ICommand* pCmd, unsigned long* pdwError,
                                         unsigned long ulTimeoutMs)
 {
-    try {
-        if (pCmd == nullptr) {
-            return Fail(AT_ERROR_BAD_COMMAND, pdwError);
-        }
-        const std::string line = FormatCommandLine(*pCmd);
-        if (line.empty()) {
-            return Fail(AT_ERROR_BAD_COMMAND, pdwError);
-        }
+    // Its information lines (an operator search's list) go to the subscribers.
+    return Guarded(pdwError, [&] {
         Pending cmd;
-        cmd.desc.name = pCmd->GetName();
-        cmd.desc.bRawData = (pCmd->GetType() & AT_TYPE_RAWDATA) != 0;
-        cmd.bRouteInfo = true;
-        if (!Run(line, cmd, ulTimeoutMs, pdwError)) {
-            Trace(TL_WARN, Printable(line) + " failed: " + std::to_string(m_nLastError.load()));
-            return false;
-        }
-        return true;
-    } catch (...) {
-        if (JThread::IsCancellationInFlight()) {
-            throw;
-        }
-        return Fail(AT_ERROR_UNKNOWN, pdwError);
-    }
+        return RunObject(pCmd, true, ulTimeoutMs, pdwError, cmd);
+    });
 }
 
 // ---- reader thread ----------------------------------------------------------

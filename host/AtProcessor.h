@@ -135,6 +135,12 @@ private:
 
     bool Run(const std::string& line, Pending& cmd, unsigned long ulTimeoutMs,
              unsigned long* pdwError);
+    // Formats a command object and runs it; its answer lines land in cmd.
+    bool RunObject(ICommand* pCmd, bool bRouteInfo, unsigned long ulTimeoutMs,
+                   unsigned long* pdwError, Pending& cmd);
+    // Runs body; anything it throws but a thread's cancellation fails the command.
+    template <typename Body>
+    bool Guarded(unsigned long* pdwError, Body body);
     SettleResult Settle(std::unique_lock<std::mutex>& lock, std::uint64_t generation);
     bool OwedLocked() const { return m_uStaleOwed != 0 || m_uProbesOwed != 0; }
     void ForgetOwedLocked();

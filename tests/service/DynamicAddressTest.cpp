@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "LoopbackIPv6.h"
 #include "OSDialup.h"
 #include "ServiceFixture.h"
 #include "TraceSrv.h"
@@ -45,19 +46,7 @@ std::string Message(const OperationRow& row, const char* outcome)
     return std::string(row.name) + " : " + outcome;
 }
 
-// True when the kernel shows an IPv6 address on the loopback interface
-// (machines with IPv6 switched off have none).
-bool LoopbackHasIPv6()
-{
-    std::ifstream file("/proc/net/if_inet6");
-    std::string line;
-    while (std::getline(file, line)) {
-        if (line.size() > 3 && line.compare(line.size() - 3, 3, " lo") == 0) {
-            return true;
-        }
-    }
-    return false;
-}
+using testkit::LoopbackHasIPv6;
 
 class DynamicAddress : public ServiceFixture {
 protected:

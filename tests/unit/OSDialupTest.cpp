@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "LoopbackIPv6.h"
 #include "OSDialup.h"
 #include "OSDialupQuery.h"
 
@@ -20,19 +21,7 @@ namespace {
 using osdialup::LinkAddress;
 using osdialup::ResolvFiles;
 
-// True when the kernel shows an IPv6 address on the loopback interface
-// (machines with IPv6 switched off have none).
-bool LoopbackHasIPv6()
-{
-    std::ifstream file("/proc/net/if_inet6");
-    std::string line;
-    while (std::getline(file, line)) {
-        if (line.size() > 3 && line.compare(line.size() - 3, 3, " lo") == 0) {
-            return true;
-        }
-    }
-    return false;
-}
+using testkit::LoopbackHasIPv6;
 
 LinkAddress Entry(const char* name, bool up, int family, const char* address,
                   bool linkLocal = false)
