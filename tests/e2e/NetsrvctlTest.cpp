@@ -2,9 +2,7 @@
 // the built-in simulator on a pseudo-terminal.
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <nlohmann/json.hpp>
@@ -13,6 +11,7 @@
 #include "AtProcessor.h"
 #include "ModemSimulator.h"
 #include "RunTool.h"
+#include "TempDir.h"
 
 namespace {
 
@@ -21,27 +20,6 @@ using e2e::RunTool;
 using e2e::ToolResult;
 
 const std::string kTool = NETSRVCTL_PATH;
-
-// A temporary file that is removed at the end of the test.
-class TempFile {
-public:
-    explicit TempFile(const std::string& content)
-    {
-        char name[] = "/tmp/netsrvctl-e2e-XXXXXX";
-        const int fd = mkstemp(name);
-        m_path = name;
-        if (fd >= 0) {
-            const ssize_t written = write(fd, content.data(), content.size());
-            (void)written;
-            close(fd);
-        }
-    }
-    ~TempFile() { std::remove(m_path.c_str()); }
-    const std::string& Path() const { return m_path; }
-
-private:
-    std::string m_path;
-};
 
 // Every error the tool reports is one line on standard error.
 void ExpectOneLineError(const ToolResult& r)
@@ -124,12 +102,14 @@ std::string LteProfileWithTimeline(const nlohmann::json& timeline)
 TEST(Netsrvctl, MonitorReceivesTheSimulatorsReports)
 {
     // Repeated, so that reports sent before the monitor subscribed come again.
-    TempFile profile(LteProfileWithTimeline(nlohmann::json::array({
-        {{"at_ms", 300}, {"repeat_ms", 300}, {"send", "^RSSI: 18"}},
-        {{"at_ms", 400}, {"repeat_ms", 300}, {"send", "^MODE: 5,4"}},
-    })));
+    testkit::TempDir dir;
+    const std::string profile =
+        dir.Write("reports.json", LteProfileWithTimeline(nlohmann::json::array({
+                                      {{"at_ms", 300}, {"repeat_ms", 300}, {"send", "^RSSI: 18"}},
+                                      {{"at_ms", 400}, {"repeat_ms", 300}, {"send", "^MODE: 5,4"}},
+                                  })));
     const ToolResult r = RunTool(
-        kTool, {"--simulate", profile.Path(), "--json", "monitor", "--count", "6", "--timeout", "20"});
+        kTool, {"--simulate", profile, "--json", "monitor", "--count", "6", "--timeout", "20"});
     ASSERT_EQ(r.exitStatus, 0) << r.err;
     const auto lines = Lines(r.out);
     ASSERT_EQ(lines.size(), 6u) << r.out;
@@ -149,21 +129,10 @@ TEST(Netsrvctl, MonitorReceivesTheSimulatorsReports)
 
     // In text, one line a report; the time-out ends a monitor with success.
     const ToolResult text =
-        RunTool(kTool, {"--simulate", profile.Path(), "monitor", "--timeout", "2"});
+        RunTool(kTool, {"--simulate", profile, "monitor", "--timeout", "2"});
     ASSERT_EQ(text.exitStatus, 0) << text.err;
     EXPECT_NE(text.out.find("report ^RSSI 18\n"), std::string::npos) << text.out;
     EXPECT_NE(text.out.find("report ^MODE 5,4\n"), std::string::npos) << text.out;
-}
-
-TEST(Netsrvctl, SilentModemIsOneLineAndStatusThree)
-{
-    TempFile profile(LteProfileWithTimeline(nlohmann::json::array({
-        {{"at_ms", 0}, {"fault", "silent_on"}},
-    })));
-    const ToolResult r = RunTool(kTool, {"--simulate", profile.Path(), "lasterr"});
-    EXPECT_EQ(r.exitStatus, 3) << r.err;
-    ExpectOneLineError(r);
-    EXPECT_NE(r.err.find("does not answer"), std::string::npos) << r.err;
 }
 
 TEST(Netsrvctl, UsageErrors)
@@ -197,46 +166,46 @@ TEST(Netsrvctl, HelpOnEveryCommand)
     }
 }
 
-TEST(Netsrvctl, MissingDeviceIsOneLineAndStatusThree)
+// A failure is one line on standard error, with 3 for the modem and 2 for
+// what the user gave.
+TEST(Netsrvctl, FailuresAreOneLineWithTheirStatus)
 {
-    const ToolResult r = RunTool(kTool, {"--device", "/dev/ttyUSB-does-not-exist", "lasterr"});
-    EXPECT_EQ(r.exitStatus, 3);
-    ExpectOneLineError(r);
-    EXPECT_NE(r.err.find("/dev/ttyUSB-does-not-exist"), std::string::npos) << r.err;
-}
-
-TEST(Netsrvctl, BusyPortIsOneLineAndStatusThree)
-{
-    modemsim::Profile profile;
+    testkit::TempDir dir;
+    const std::string silent = dir.Write(
+        "silent.json",
+        LteProfileWithTimeline(nlohmann::json::array({{{"at_ms", 0}, {"fault", "silent_on"}}})));
+    const std::string truncated = dir.Write("truncated.json", "{\"network\": ");
+    const std::string wrongType = dir.Write("array.json", "[1, 2, 3]");
+    // Another program holds the simulated modem's port.
+    modemsim::Profile lte;
     std::string error;
-    ASSERT_TRUE(modemsim::LoadProfile("lte", &profile, &error)) << error;
-    modemsim::Simulator simulator(profile);
+    ASSERT_TRUE(modemsim::LoadProfile("lte", &lte, &error)) << error;
+    modemsim::Simulator simulator(lte);
     ASSERT_TRUE(simulator.Start(&error)) << error;
-    // Another program holds the modem's port.
     host::CAtProcessor holder(simulator.SlavePath());
     ASSERT_TRUE(holder.Open(&error)) << error;
 
-    const ToolResult r = RunTool(kTool, {"--device", simulator.SlavePath(), "lasterr"});
-    EXPECT_EQ(r.exitStatus, 3);
-    ExpectOneLineError(r);
-    EXPECT_NE(r.err.find("busy"), std::string::npos) << r.err;
+    const struct {
+        std::vector<std::string> args;
+        int status;
+        std::string mention;
+    } rows[] = {
+        {{"--simulate", silent, "lasterr"}, 3, "does not answer"},
+        {{"--device", "/dev/ttyUSB-does-not-exist", "lasterr"}, 3, "/dev/ttyUSB-does-not-exist"},
+        {{"--device", simulator.SlavePath(), "lasterr"}, 3, "busy"},
+        {{"--simulate", truncated, "lasterr"}, 2, truncated},
+        {{"--simulate", wrongType, "lasterr"}, 2, wrongType},
+        {{"--simulate", dir / "none.json", "lasterr"}, 2, ""},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(::testing::PrintToString(row.args));
+        const ToolResult r = RunTool(kTool, row.args);
+        EXPECT_EQ(r.exitStatus, row.status) << r.err;
+        ExpectOneLineError(r);
+        EXPECT_NE(r.err.find(row.mention), std::string::npos) << r.err;
+    }
     holder.Close();
     simulator.Stop();
-}
-
-TEST(Netsrvctl, BadProfilesAreOneLineAndStatusTwo)
-{
-    TempFile truncated("{\"network\": ");
-    TempFile wrongType("[1, 2, 3]");
-    for (const TempFile* file : {&truncated, &wrongType}) {
-        const ToolResult r = RunTool(kTool, {"--simulate", file->Path(), "lasterr"});
-        EXPECT_EQ(r.exitStatus, 2) << r.err;
-        ExpectOneLineError(r);
-        EXPECT_NE(r.err.find(file->Path()), std::string::npos) << r.err;
-    }
-    const ToolResult missing = RunTool(kTool, {"--simulate", "/tmp/no-such-profile.json", "lasterr"});
-    EXPECT_EQ(missing.exitStatus, 2);
-    ExpectOneLineError(missing);
 }
 
 }  // namespace

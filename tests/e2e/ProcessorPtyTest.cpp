@@ -7,13 +7,6 @@
 // (ICommand, PARAMETER): the processor must work with any command object.
 #include <gtest/gtest.h>
 
-#include <fcntl.h>
-#include <poll.h>
-#include <pthread.h>
-#include <pty.h>
-#include <stdlib.h>
-#include <sys/ioctl.h>
-#include <termios.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -21,7 +14,6 @@
 #include <condition_variable>
 #include <cstring>
 #include <functional>
-#include <map>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -29,6 +21,8 @@
 #include <vector>
 
 #include "AtProcessor.h"
+#include "ScriptedModem.h"
+#include "TempDir.h"
 #include "TraceSrv.h"
 #include "jthread.h"
 
@@ -36,6 +30,8 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
+using testkit::ScriptedModem;
+using testkit::AnswerTable;
 
 long ElapsedMs(Clock::time_point since)
 {
@@ -91,28 +87,21 @@ private:
     unsigned long m_type;
 };
 
-// "AT<name>": no parameters.
-class BareCmd : public NamedCommand {
-public:
-    explicit BareCmd(const char* name, unsigned long type = AT_TYPE_NORMAL)
-        : NamedCommand(name, type)
-    {
-    }
-    unsigned long GetElemCount() override { return 0; }
-    ParamPtr GetFirstElemAddr() override { return nullptr; }
-};
-
-// "AT<name>?" (N = 1) or "AT<name>=?" (N = 32).
+// "AT<name>" (N = 0), "AT<name>?" (N = 1) or "AT<name>=?" (N = 32).
 template <unsigned long N>
 class FormCmd : public NamedCommand {
 public:
-    explicit FormCmd(const char* name) : NamedCommand(name, AT_TYPE_NORMAL) {}
-    unsigned long GetElemCount() override { return 1; }
-    ParamPtr GetFirstElemAddr() override { return &m_op; }
+    explicit FormCmd(const char* name, unsigned long type = AT_TYPE_NORMAL)
+        : NamedCommand(name, type)
+    {
+    }
+    unsigned long GetElemCount() override { return N != 0 ? 1 : 0; }
+    ParamPtr GetFirstElemAddr() override { return N != 0 ? &m_op : nullptr; }
 
 private:
     OperatorParam<N> m_op;
 };
+using BareCmd = FormCmd<0>;
 using ReadCmd = FormCmd<OPERATOR_READ_CMD>;
 using TestCmd = FormCmd<OPERATOR_TEST_CMD>;
 
@@ -187,6 +176,14 @@ Outcome Ask(host::CAtProcessor& processor, ICommand&& cmd, unsigned long timeout
     return out;
 }
 
+// One command without a response, as the service runs a setting.
+Outcome Tell(host::CAtProcessor& processor, ICommand&& cmd, unsigned long timeoutMs = 2000)
+{
+    Outcome out;
+    out.ok = processor.ExecuteCmdNoResponse(&cmd, &out.error, timeoutMs);
+    return out;
+}
+
 Outcome AskSysinfo(host::CAtProcessor& processor, unsigned long timeoutMs = 2000)
 {
     return Ask<7>(processor, BareCmd("^SYSINFO"), timeoutMs);
@@ -204,297 +201,115 @@ const std::vector<std::string> kCsq = {"17", "99"};
 // The answer to a "^SYSINFO" that timed out, told apart from kSysinfoAnswer.
 const char* const kLateSysinfoAnswer = "\r\n^SYSINFO:1,1,0,0,1,0,0\r\n\r\nOK\r\n";
 const char* const kProbe = "AT+CMEE?\r";
-
-// What a modem answers to the lines the processor sends of its own accord:
-// the greeting and the "AT+CMEE?" that settles the line after a time-out.
-// "" for any other line.
-std::string Housekeeping(const std::string& line)
-{
-    if (line == "ATE0" || line == "AT+CMEE=1" || line == "AT") {
-        return "\r\nOK\r\n";
-    }
-    if (line == "AT+CMEE?") {
-        return "\r\n+CMEE: 1\r\n\r\nOK\r\n";
-    }
-    return "";
-}
+const unsigned long kPortClosed = AT_ERROR_PORT_CLOSED;
+const unsigned long kTimeout = AT_ERROR_TIMEOUT;
 
 // A modem that answers "^SYSINFO" and "+CSQ", and ERROR to what it lacks.
 std::string Answered(const std::string& line)
 {
-    if (line == "AT^SYSINFO") {
-        return kSysinfoAnswer;
-    }
-    if (line == "AT+CSQ") {
-        return kCsqAnswer;
-    }
-    const std::string own = Housekeeping(line);
-    return own.empty() ? "\r\nERROR\r\n" : own;
+    static const ScriptedModem::Answer answer =
+        AnswerTable({{"AT^SYSINFO", kSysinfoAnswer}, {"AT+CSQ", kCsqAnswer}});
+    return answer(line);
 }
-const unsigned long kPortClosed = AT_ERROR_PORT_CLOSED;
-const unsigned long kTimeout = AT_ERROR_TIMEOUT;
 
-// ---- the scripted modem ----------------------------------------------------
-
-// The master side of a pseudo-terminal, served on its own thread. Every
-// command line (up to CR) goes to the answer function, whose result is written
-// back as it stands ("" answers nothing). By default the greeting and the
-// settling probe are answered and everything else is an ERROR. The answer function
-// runs on the modem's thread, which outlives the test body: what it keeps it
-// owns (captured by value), nothing on the body's stack.
-class ScriptedModem {
-public:
-    using Answer = std::function<std::string(const std::string& line)>;
-
-    ScriptedModem()
-    {
-        char name[128] = {};
-        if (::openpty(&m_master, &m_slave, name, nullptr, nullptr) != 0) {
-            ADD_FAILURE() << "openpty: " << std::strerror(errno);
-            return;
-        }
-        m_path = name;
-        ::fcntl(m_master, F_SETFL, ::fcntl(m_master, F_GETFL) | O_NONBLOCK);
-        m_thread = std::thread([this] { Serve(); });
-    }
-    ~ScriptedModem() { Vanish(); }
-
-    const std::string& Path() const { return m_path; }
-
-    // The line settings as the processor left them, seen from the modem's side.
-    bool LineIsRaw()
-    {
-        struct termios tio {};
-        return ::tcgetattr(m_slave, &tio) == 0 && (tio.c_lflag & (ICANON | ECHO)) == 0;
-    }
-    bool LineIsExclusive()
-    {
-        int excl = 0;
-        return ::ioctl(m_slave, TIOCGEXCL, &excl) == 0 && excl != 0;
-    }
-
-    void SetAnswer(Answer answer)
-    {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        m_answer = std::move(answer);
-    }
-
-    // Bytes from the modem's side without being asked (reports, late answers).
-    void Send(const std::string& bytes)
-    {
-        std::lock_guard<std::mutex> lock(m_writeMutex);
-        WriteAll(bytes);
-    }
-
-    // Everything the processor wrote since the last call.
-    std::string TakeReceived()
-    {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        std::string out;
-        out.swap(m_received);
-        return out;
-    }
-
-    // Waits until a command line equal to line has arrived (counting those
-    // already taken); false after timeoutMs.
-    bool WaitForLine(const std::string& line, int timeoutMs)
-    {
-        std::unique_lock<std::mutex> lock(m_mutex);
-        return m_cv.wait_for(lock, milliseconds(timeoutMs), [&] {
-            for (const std::string& got : m_lines) {
-                if (got == line) {
-                    return true;
-                }
-            }
-            return false;
-        });
-    }
-
-    std::vector<std::string> Lines()
-    {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        return m_lines;
-    }
-
-    // The far end goes away, as a USB modem pulled out.
-    void Vanish()
-    {
-        m_bStop.store(true);
-        if (m_thread.joinable()) {
-            m_thread.join();
-        }
-        if (m_master >= 0) {
-            ::close(m_master);
-            m_master = -1;
-        }
-        if (m_slave >= 0) {
-            ::close(m_slave);
-            m_slave = -1;
-        }
-    }
-
-private:
-    static std::string DefaultAnswer(const std::string& line)
-    {
-        const std::string own = Housekeeping(line);
-        return own.empty() ? "\r\nERROR\r\n" : own;
-    }
-
-    void WriteAll(const std::string& bytes)
-    {
-        std::size_t done = 0;
-        while (done < bytes.size() && m_master >= 0) {
-            const ssize_t n = ::write(m_master, bytes.data() + done, bytes.size() - done);
-            if (n > 0) {
-                done += static_cast<std::size_t>(n);
-            } else if (n < 0 && (errno == EAGAIN || errno == EINTR)) {
-                std::this_thread::sleep_for(milliseconds(1));
-            } else {
-                return;
-            }
-        }
-    }
-
-    void Serve()
-    {
-        std::string partial;
-        while (!m_bStop.load()) {
-            struct pollfd pfd = {};
-            pfd.fd = m_master;
-            pfd.events = POLLIN;
-            if (::poll(&pfd, 1, 20) <= 0) {
-                continue;
-            }
-            char buffer[512];
-            const ssize_t n = ::read(m_master, buffer, sizeof(buffer));
-            if (n <= 0) {
-                continue;
-            }
-            std::vector<std::string> lines;
-            Answer answer;
-            {
-                std::lock_guard<std::mutex> lock(m_mutex);
-                m_received.append(buffer, static_cast<std::size_t>(n));
-                for (ssize_t i = 0; i < n; ++i) {
-                    if (buffer[i] == '\r') {
-                        lines.push_back(partial);
-                        m_lines.push_back(partial);
-                        partial.clear();
-                    } else if (buffer[i] != '\n') {
-                        partial += buffer[i];
-                    }
-                }
-                answer = m_answer;
-            }
-            m_cv.notify_all();
-            for (const std::string& line : lines) {
-                const std::string reply = answer ? answer(line) : DefaultAnswer(line);
-                std::lock_guard<std::mutex> lock(m_writeMutex);
-                WriteAll(reply);
-            }
-        }
-    }
-
-    int m_master = -1;
-    int m_slave = -1;   // held so that the pty lives until the processor opens it
-    std::string m_path;
-    std::mutex m_mutex;
-    std::condition_variable m_cv;
-    Answer m_answer;
-    std::string m_received;
-    std::vector<std::string> m_lines;
-    std::mutex m_writeMutex;
-    std::atomic<bool> m_bStop{false};
-    std::thread m_thread;
-};
-
-// Answers from a table of exact command lines; the greeting OK; the rest ERROR.
-ScriptedModem::Answer Table(std::map<std::string, std::string> answers)
+// A modem that leaves the first "AT^SYSINFO" unanswered and hands every later
+// line to `after`, telling it which line is the first since.
+using AfterLoss = std::function<std::string(ScriptedModem& modem, const std::string& line,
+                                            bool bFirst)>;
+ScriptedModem::Answer LosesFirstSysinfo(ScriptedModem& modem, AfterLoss after)
 {
-    return [answers](const std::string& line) -> std::string {
-        const auto it = answers.find(line);
-        if (it != answers.end()) {
-            return it->second;
+    auto state = std::make_shared<std::atomic<int>>(0);   // 0 before, 1 lost, 2 after
+    return [state, after, &modem](const std::string& line) -> std::string {
+        int expected = 0;
+        if (line == "AT^SYSINFO" && state->compare_exchange_strong(expected, 1)) {
+            return "";
         }
-        const std::string own = Housekeeping(line);
-        return own.empty() ? "\r\nERROR\r\n" : own;
+        expected = 1;
+        return after(modem, line, state->compare_exchange_strong(expected, 2));
     };
 }
 
-// ---- a client ----------------------------------------------------------------
+std::string AnsweredAfterLoss(ScriptedModem&, const std::string& line, bool)
+{
+    return Answered(line);
+}
 
-class RecordingClient : public IAtCallBack {
+// Opens the processor on the modem and takes the greeting.
+::testing::AssertionResult Opened(host::CAtProcessor& processor, ScriptedModem& modem)
+{
+    std::string error;
+    if (modem.Path().empty() || !processor.Open(&error)) {
+        return ::testing::AssertionFailure() << "cannot open " << modem.Path() << ": " << error;
+    }
+    modem.TakeReceived();
+    return ::testing::AssertionSuccess();
+}
+
+// What arrives on other threads, in order, with a wait for it.
+template <class T>
+class Arrivals {
 public:
-    ~RecordingClient() = default;
-
-    bool AtCallBackEvent(const Command& cmd) override
+    void Add(const T& item)
     {
-        std::function<void(const Command&)> hook;
-        {
-            std::lock_guard<std::mutex> lock(m_mutex);
-            hook = m_hook;
-        }
-        if (hook) {
-            hook(cmd);
-        }
         std::lock_guard<std::mutex> lock(m_mutex);
-        m_reports.push_back(cmd);
+        m_items.push_back(item);
         m_cv.notify_all();
-        return true;
     }
-
-    void SetHook(std::function<void(const Command&)> hook)
-    {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        m_hook = std::move(hook);
-    }
-
-    bool WaitForReports(std::size_t count, int timeoutMs)
+    bool WaitUntil(const std::function<bool(const std::vector<T>&)>& done, int timeoutMs)
     {
         std::unique_lock<std::mutex> lock(m_mutex);
-        return m_cv.wait_for(lock, milliseconds(timeoutMs),
-                             [&] { return m_reports.size() >= count; });
+        return m_cv.wait_for(lock, milliseconds(timeoutMs), [&] { return done(m_items); });
     }
-
-    std::vector<Command> Reports()
+    std::vector<T> All()
     {
         std::lock_guard<std::mutex> lock(m_mutex);
-        return m_reports;
+        return m_items;
     }
 
 private:
     std::mutex m_mutex;
     std::condition_variable m_cv;
-    std::vector<Command> m_reports;
-    std::function<void(const Command&)> m_hook;
+    std::vector<T> m_items;
+};
+
+// A client that records its reports, after running its hook on each.
+class RecordingClient : public IAtCallBack {
+public:
+    explicit RecordingClient(std::function<void(const Command&)> hook = nullptr)
+        : m_hook(std::move(hook))
+    {
+    }
+    bool AtCallBackEvent(const Command& cmd) override
+    {
+        if (m_hook) {
+            m_hook(cmd);
+        }
+        m_reports.Add(cmd);
+        return true;
+    }
+    bool WaitForReports(std::size_t count, int timeoutMs)
+    {
+        return m_reports.WaitUntil(
+            [count](const std::vector<Command>& got) { return got.size() >= count; }, timeoutMs);
+    }
+    std::vector<Command> Reports() { return m_reports.All(); }
+
+private:
+    const std::function<void(const Command&)> m_hook;
+    Arrivals<Command> m_reports;
 };
 
 // Port listener calls, in order.
-class PortEvents {
+class PortEvents : public Arrivals<bool> {
 public:
     std::function<void(bool)> Listener()
     {
-        return [this](bool bOpen) {
-            std::lock_guard<std::mutex> lock(m_mutex);
-            m_events.push_back(bOpen);
-            m_cv.notify_all();
-        };
+        return [this](bool bOpen) { Add(bOpen); };
     }
     bool WaitFor(const std::vector<bool>& events, int timeoutMs)
     {
-        std::unique_lock<std::mutex> lock(m_mutex);
-        return m_cv.wait_for(lock, milliseconds(timeoutMs), [&] { return m_events == events; });
+        return WaitUntil([&](const std::vector<bool>& got) { return got == events; }, timeoutMs);
     }
-    std::vector<bool> Events()
-    {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        return m_events;
-    }
-
-private:
-    std::mutex m_mutex;
-    std::condition_variable m_cv;
-    std::vector<bool> m_events;
 };
 
 // Traces of the processor stay out of the test output.
@@ -556,16 +371,14 @@ TEST_F(ProcessorPtyTest, OpenGreetsTheModemAndRefusesAMissingPort)
 
 TEST_F(ProcessorPtyTest, EachFormGoesOutAsItsCommandLineAndItsAnswerComesBack)
 {
-    m_modem->SetAnswer(Table({
+    m_modem->SetAnswer(AnswerTable({
         {"AT^SYSCFG?", "\r\n^SYSCFG: 2,0,400000,0,3\r\n\r\nOK\r\n"},
         {"AT^SYSCFG=?",
          "\r\n^SYSCFG:(2,13,14,16),(0),((2000000400380,\"GSM900/GSM1800/WCDMA900/WCDMA2100\"),"
          "(3fffffff,\"All bands\")),(0-2),(0-4)\r\n\r\nOK\r\n"},
         {"AT^SYSINFO", "\r\n^SYSINFO:2,4,5,3,1,,\r\n\r\nOK\r\n"},
         {"AT+COPS?", "\r\n+COPS: 1,2,\"46000\"\r\n\r\nOK\r\n"},
-        {"AT^HCSQ?", "\r\n^HCSQ:\"LTE\",30,19,66,0\r\n\r\nOK\r\n"},
         {"AT+COPS=1,2,\"46000\"", "\r\nOK\r\n"},
-        {"AT+CPOL=1,,\"24412\"", "\r\nOK\r\n"},
         {"AT+CRSM=176,28486,0,0,17",
          "\r\n+CRSM: 144, 0, \"0054485552415941FFFFFFFFFFFFFFFFFF\"\r\n\r\nOK\r\n"},
     }));
@@ -590,25 +403,9 @@ TEST_F(ProcessorPtyTest, EachFormGoesOutAsItsCommandLineAndItsAnswerComesBack)
          {"2", "4", "5", "3", "1", "<empty>", "<empty>"}},
         {"quoted field delivered without its quotes", [&] { return Ask<4>(p, ReadCmd("+COPS")); },
          "AT+COPS?\r", {"1", "2", "46000", "<empty>"}},
-        {"quoted system name without a blank after the colon",
-         [&] { return Ask<6>(p, ReadCmd("^HCSQ")); }, "AT^HCSQ?\r",
-         {"LTE", "30", "19", "66", "0", "<empty>"}},
-        {"set form with its texts as they stand",
-         [&] {
-             Fields<4> cmd("+COPS", AT_TYPE_NORMAL, {"1", "2", "\"46000\""});
-             Outcome out;
-             out.ok = p.ExecuteCmdNoResponse(&cmd, &out.error, 2000);
-             return out;
-         },
+        {"set form with its texts as they stand, trailing empty fields dropped",
+         [&] { return Tell(p, Fields<4>("+COPS", AT_TYPE_NORMAL, {"1", "2", "\"46000\""})); },
          "AT+COPS=1,2,\"46000\"\r", {}},
-        {"set form with an empty middle field, trailing empty fields dropped",
-         [&] {
-             Fields<6> cmd("+CPOL", AT_TYPE_NORMAL, {"1", "", "\"24412\""});
-             Outcome out;
-             out.ok = p.ExecuteCmdNoResponse(&cmd, &out.error, 2000);
-             return out;
-         },
-         "AT+CPOL=1,,\"24412\"\r", {}},
         {"blanks after commas and a quoted hex text",
          [&] {
              return Ask<3>(p, Fields<5>("+CRSM", AT_TYPE_NORMAL, {"176", "28486", "0", "0", "17"}));
@@ -634,40 +431,23 @@ TEST_F(ProcessorPtyTest, ModemErrorsBecomeTheirCodes)
         {"ERROR", 100},
         {"+CMS ERROR: 301", 301},
     };
-    // Shared with the modem's thread, which may outlive this body.
-    struct Final {
-        std::mutex mutex;
-        std::string text;
-    };
-    auto final = std::make_shared<Final>();
-    m_modem->SetAnswer([final](const std::string& line) -> std::string {
-        if (line == "AT^SYSINFO") {
-            std::lock_guard<std::mutex> lock(final->mutex);
-            return "\r\n" + final->text + "\r\n";
-        }
-        return "\r\nOK\r\n";
-    });
     auto processor = OpenProcessor(m_modem->Path());
     for (const auto& row : rows) {
-        {
-            std::lock_guard<std::mutex> lock(final->mutex);
-            final->text = row.first;
-        }
+        m_modem->SetAnswer(AnswerTable({{"AT^SYSINFO", "\r\n" + row.first + "\r\n"}}));
         const Outcome out = AskSysinfo(*processor);
         EXPECT_FALSE(out.ok) << row.first;
         EXPECT_EQ(row.second, out.error) << row.first;
         EXPECT_EQ(static_cast<int>(row.second), processor->GetLastError()) << row.first;
     }
     // A command object that cannot go out on the line.
-    Fields<2> bad("+COPS", AT_TYPE_NORMAL, {"1", "x\ry"});
-    unsigned long dwError = 0;
-    EXPECT_FALSE(processor->ExecuteCmdNoResponse(&bad, &dwError, 2000));
-    EXPECT_EQ(static_cast<unsigned long>(AT_ERROR_BAD_COMMAND), dwError);
+    const Outcome bad = Tell(*processor, Fields<2>("+COPS", AT_TYPE_NORMAL, {"1", "x\ry"}));
+    EXPECT_FALSE(bad.ok);
+    EXPECT_EQ(static_cast<unsigned long>(AT_ERROR_BAD_COMMAND), bad.error);
 }
 
 TEST_F(ProcessorPtyTest, RawDataAnswerIsTheBareLine)
 {
-    m_modem->SetAnswer(Table({{"AT+CIMI", "\r\n998899889988997\r\n\r\nOK\r\n"}}));
+    m_modem->SetAnswer(AnswerTable({{"AT+CIMI", "\r\n998899889988997\r\n\r\nOK\r\n"}}));
     auto processor = OpenProcessor(m_modem->Path());
     const Outcome imsi = Ask<1>(*processor, BareCmd("+CIMI", AT_TYPE_RAWDATA));
     ASSERT_TRUE(imsi.ok) << imsi.error;
@@ -675,7 +455,7 @@ TEST_F(ProcessorPtyTest, RawDataAnswerIsTheBareLine)
     EXPECT_EQ("AT+CIMI\r", m_modem->TakeReceived());
 
     // A modem that kept its echo sends the command back first.
-    m_modem->SetAnswer(Table({{"AT+CIMI", "AT+CIMI\r\r\n460001234567890\r\n\r\nOK\r\n"}}));
+    m_modem->SetAnswer(AnswerTable({{"AT+CIMI", "AT+CIMI\r\r\n460001234567890\r\n\r\nOK\r\n"}}));
     const Outcome echoed = Ask<1>(*processor, BareCmd("+CIMI", AT_TYPE_RAWDATA));
     ASSERT_TRUE(echoed.ok) << echoed.error;
     EXPECT_EQ(std::vector<std::string>{"460001234567890"}, echoed.fields);
@@ -683,9 +463,9 @@ TEST_F(ProcessorPtyTest, RawDataAnswerIsTheBareLine)
 
 TEST_F(ProcessorPtyTest, ReportInsideAMultiLineAnswerGoesToItsSubscriber)
 {
-    m_modem->SetAnswer(Table({{"AT+CPOL?",
-                               "\r\n+CPOL: 1,2,\"24412\",0,0,0\r\n\r\n^RSSI: 12\r\n"
-                               "\r\n+CPOL: 2,2,\"24491\"\r\n\r\nOK\r\n"}}));
+    m_modem->SetAnswer(AnswerTable({{"AT+CPOL?",
+                                     "\r\n+CPOL: 1,2,\"24412\",0,0,0\r\n\r\n^RSSI: 12\r\n"
+                                     "\r\n+CPOL: 2,2,\"24491\"\r\n\r\nOK\r\n"}}));
     auto processor = OpenProcessor(m_modem->Path());
     RecordingClient client;
     ASSERT_TRUE(processor->RegisterClient(
@@ -750,17 +530,16 @@ TEST_F(ProcessorPtyTest, ReportsArriveInOrderAndOnlyToTheirSubscribers)
 
 TEST_F(ProcessorPtyTest, SearchLinesOfACommandWithoutResponseReachTheSubscribers)
 {
-    m_modem->SetAnswer(Table({{"AT+COPS=?",
-                               "\r\n+COPS: (2,\"T-Mobile\",\"TMO\",\"31026\",0),"
-                               "(1,\"AT&T\",\"AT&T\",\"310410\",2),,(0,1,2,3,4),(0,1,2)\r\n"
-                               "\r\nOK\r\n"}}));
+    m_modem->SetAnswer(AnswerTable({{"AT+COPS=?",
+                                     "\r\n+COPS: (2,\"T-Mobile\",\"TMO\",\"31026\",0),"
+                                     "(1,\"AT&T\",\"AT&T\",\"310410\",2),,(0,1,2,3,4),(0,1,2)\r\n"
+                                     "\r\nOK\r\n"}}));
     auto processor = OpenProcessor(m_modem->Path());
     RecordingClient client;
     ASSERT_TRUE(processor->RegisterClient(
         "NetSrv", &client, {CmdSetItem(INDEX_NET_SEARCH, "+COPS", AT_TYPE_NORMAL)}));
-    TestCmd search("+COPS");
-    unsigned long dwError = 0;
-    ASSERT_TRUE(processor->ExecuteCmdNoResponse(&search, &dwError, 5000)) << dwError;
+    const Outcome search = Tell(*processor, TestCmd("+COPS"), 5000);
+    ASSERT_TRUE(search.ok) << search.error;
     EXPECT_EQ("AT+COPS=?\r", m_modem->TakeReceived());
     ASSERT_TRUE(client.WaitForReports(1, 2000));
     const Command report = client.Reports().front();
@@ -774,7 +553,7 @@ TEST_F(ProcessorPtyTest, SearchLinesOfACommandWithoutResponseReachTheSubscribers
 TEST_F(ProcessorPtyTest, SilentModemTimesOutAndItsLateAnswerIsDropped)
 {
     // Only "^SYSINFO" goes unanswered; its answer is sent late by the test.
-    m_modem->SetAnswer(Table({{"AT^SYSINFO", ""}, {"AT+CSQ", kCsqAnswer}}));
+    m_modem->SetAnswer(AnswerTable({{"AT^SYSINFO", ""}, {"AT+CSQ", kCsqAnswer}}));
     auto processor = OpenProcessor(m_modem->Path());
     RecordingClient client;
     ASSERT_TRUE(processor->RegisterClient(
@@ -811,91 +590,43 @@ TEST_F(ProcessorPtyTest, TimedOutCommandDoesNotSpoilTheCommandsAfterIt)
     // and then deals with it in its own way; every command after it must get
     // its own answer, and the line is settled once, not before each command.
     // The modem's answer functions see only what they own.
-    using Peer = std::function<ScriptedModem::Answer(ScriptedModem*)>;
     struct Row {
         const char* where;
-        Peer peer;
+        AfterLoss after;
         int probes;   // settling probes written; -1 when it depends on timing
     };
     const std::vector<Row> rows = {
-        {"lost for good: the probe alone settles the line",
-         [](ScriptedModem*) -> ScriptedModem::Answer {
-             auto asked = std::make_shared<std::atomic<bool>>(false);
-             return [asked](const std::string& line) -> std::string {
-                 if (line == "AT^SYSINFO" && !asked->exchange(true)) {
-                     return "";
-                 }
-                 return Answered(line);
-             };
-         },
-         1},
+        {"lost for good: the probe alone settles the line", AnsweredAfterLoss, 1},
         {"busy: answered when the probe comes, then the probe",
-         [](ScriptedModem*) -> ScriptedModem::Answer {
-             auto held = std::make_shared<std::atomic<int>>(0);
-             return [held](const std::string& line) -> std::string {
-                 int expected = 0;
-                 if (line == "AT^SYSINFO" && held->compare_exchange_strong(expected, 1)) {
-                     return "";
-                 }
-                 expected = 1;
-                 const bool bLate = held->compare_exchange_strong(expected, 2);
-                 return (bLate ? kLateSysinfoAnswer : "") + Answered(line);
-             };
+         [](ScriptedModem&, const std::string& line, bool bFirst) {
+             return (bFirst ? kLateSysinfoAnswer : "") + Answered(line);
          },
          1},
         {"answered when the probe comes, the probe's own answer a while later",
-         [](ScriptedModem* modem) -> ScriptedModem::Answer {
-             auto held = std::make_shared<std::atomic<int>>(0);
-             return [held, modem](const std::string& line) -> std::string {
-                 int expected = 0;
-                 if (line == "AT^SYSINFO" && held->compare_exchange_strong(expected, 1)) {
-                     return "";
-                 }
-                 expected = 1;
-                 if (held->compare_exchange_strong(expected, 2)) {
-                     modem->Send(kLateSysinfoAnswer);
-                     std::this_thread::sleep_for(milliseconds(200));
-                 }
-                 return Answered(line);
-             };
+         [](ScriptedModem& modem, const std::string& line, bool bFirst) {
+             if (bFirst) {
+                 modem.Send(kLateSysinfoAnswer);
+                 std::this_thread::sleep_for(milliseconds(200));
+             }
+             return Answered(line);
          },
          -1},
         {"the probe taken for an abort: its result comes, the probe never",
-         [](ScriptedModem*) -> ScriptedModem::Answer {
-             auto held = std::make_shared<std::atomic<int>>(0);
-             return [held](const std::string& line) -> std::string {
-                 int expected = 0;
-                 if (line == "AT^SYSINFO" && held->compare_exchange_strong(expected, 1)) {
-                     return "";
-                 }
-                 expected = 1;
-                 if (held->compare_exchange_strong(expected, 2)) {
-                     return "\r\nERROR\r\n";
-                 }
-                 return Answered(line);
-             };
+         [](ScriptedModem&, const std::string& line, bool bFirst) {
+             return bFirst ? "\r\nERROR\r\n" : Answered(line);
          },
          2},
         {"lost, and the probe refused with a bare ERROR",
-         [](ScriptedModem*) -> ScriptedModem::Answer {
-             auto asked = std::make_shared<std::atomic<bool>>(false);
-             return [asked](const std::string& line) -> std::string {
-                 if (line == "AT^SYSINFO" && !asked->exchange(true)) {
-                     return "";
-                 }
-                 return line == "AT+CMEE?" ? "\r\nERROR\r\n" : Answered(line);
-             };
+         [](ScriptedModem&, const std::string& line, bool) {
+             return line == "AT+CMEE?" ? "\r\nERROR\r\n" : Answered(line);
          },
          2},
     };
     for (const Row& row : rows) {
         ScriptedModem modem;
-        ASSERT_FALSE(modem.Path().empty());
-        modem.SetAnswer(row.peer(&modem));
+        modem.SetAnswer(LosesFirstSysinfo(modem, row.after));
         host::CAtProcessor processor(modem.Path());
-        std::string error;
-        ASSERT_TRUE(processor.Open(&error)) << error;
-        modem.TakeReceived();
+        ASSERT_TRUE(Opened(processor, modem));
 
         const Outcome timedOut = AskSysinfo(processor, 200);
         EXPECT_EQ(kTimeout, timedOut.error) << row.where;
@@ -956,7 +687,6 @@ TEST_F(ProcessorPtyTest, LateAnswerLongAfterTheLineWasGivenUpOnIsDropped)
     };
     for (const Row& row : rows) {
         ScriptedModem modem;
-        ASSERT_FALSE(modem.Path().empty());
         auto busy = std::make_shared<Busy>();
         busy->bKeepsInput = row.bKeepsInput;
         modem.SetAnswer([busy](const std::string& line) -> std::string {
@@ -988,14 +718,12 @@ TEST_F(ProcessorPtyTest, LateAnswerLongAfterTheLineWasGivenUpOnIsDropped)
             modem.Send(burst + "\r\n^MODE:5,4\r\n");
         };
         host::CAtProcessor processor(modem.Path());
-        std::string error;
-        ASSERT_TRUE(processor.Open(&error)) << error;
+        ASSERT_TRUE(Opened(processor, modem));
         RecordingClient client;
         ASSERT_TRUE(processor.RegisterClient(
             "NetSrv", &client,
             {CmdSetItem(INDEX_SYS_INFO, "^SYSINFO", AT_TYPE_NORMAL),
              CmdSetItem(INDEX_SYS_MODE, "^MODE", AT_TYPE_UNSOLICITED)}));
-        modem.TakeReceived();
 
         EXPECT_EQ(kTimeout, AskSysinfo(processor, 200).error) << row.where;
         // The probe goes unanswered: the next command is not written at all.
@@ -1080,11 +808,10 @@ TEST_F(ProcessorPtyTest, CallersTakeTurnsOnTheLine)
 
 TEST_F(ProcessorPtyTest, ClientMayRunACommandFromItsReportCallback)
 {
-    m_modem->SetAnswer(Table({{"AT^SYSINFO", kSysinfoAnswer}}));
+    m_modem->SetAnswer(AnswerTable({{"AT^SYSINFO", kSysinfoAnswer}}));
     auto processor = OpenProcessor(m_modem->Path());
-    RecordingClient client;
     std::atomic<bool> bAnswered{false};
-    client.SetHook([&](const Command&) {
+    RecordingClient client([&](const Command&) {
         const Outcome info = AskSysinfo(*processor);
         bAnswered.store(info.ok && info.fields == kSysinfo);
     });
@@ -1102,8 +829,7 @@ TEST_F(ProcessorPtyTest, UnregisteringWaitsForARunningCallback)
     std::atomic<bool> bInside{false};
     std::atomic<bool> bReturned{false};
     std::atomic<bool> bSelf{false};
-    auto client = std::make_unique<RecordingClient>();
-    client->SetHook([&](const Command&) {
+    auto client = std::make_unique<RecordingClient>([&](const Command&) {
         bInside.store(true);
         std::this_thread::sleep_for(milliseconds(300));
         bReturned.store(true);
@@ -1119,8 +845,8 @@ TEST_F(ProcessorPtyTest, UnregisteringWaitsForARunningCallback)
     client.reset();   // safe now
 
     // From inside its own callback a client must not wait for itself.
-    RecordingClient second;
-    second.SetHook([&](const Command&) { bSelf.store(processor->UnRegisterClient("Second")); });
+    RecordingClient second(
+        [&](const Command&) { bSelf.store(processor->UnRegisterClient("Second")); });
     ASSERT_TRUE(processor->RegisterClient(
         "Second", &second, {CmdSetItem(INDEX_SYS_MODE, "^MODE", AT_TYPE_UNSOLICITED)}));
     m_modem->Send("\r\n^MODE:5,4\r\n");
@@ -1130,7 +856,7 @@ TEST_F(ProcessorPtyTest, UnregisteringWaitsForARunningCallback)
 
 TEST_F(ProcessorPtyTest, GarbageAndOverLongLinesDoNotStallTheLine)
 {
-    m_modem->SetAnswer(Table({{"AT+CSQ", kCsqAnswer}}));
+    m_modem->SetAnswer(AnswerTable({{"AT+CSQ", kCsqAnswer}}));
     auto processor = OpenProcessor(m_modem->Path());
     RecordingClient client;
     ASSERT_TRUE(processor->RegisterClient(
@@ -1151,44 +877,28 @@ TEST_F(ProcessorPtyTest, GarbageAndOverLongLinesDoNotStallTheLine)
     EXPECT_TRUE(processor->UnRegisterClient("NetSrv"));
 }
 
-// A temporary directory with a symbolic link that plays the device node.
+// A symbolic link in a temporary directory that plays the device node.
 class LinkedPort {
 public:
-    LinkedPort()
-    {
-        char dir[] = "/tmp/netsrv-proc-XXXXXX";
-        if (::mkdtemp(dir) == nullptr) {
-            ADD_FAILURE() << "mkdtemp: " << std::strerror(errno);
-            return;
-        }
-        m_dir = dir;
-        m_link = m_dir + "/ttyUSB2";
-    }
-    ~LinkedPort()
-    {
-        ::unlink(m_link.c_str());
-        ::rmdir(m_dir.c_str());
-    }
-    const std::string& Path() const { return m_link; }
+    std::string Path() const { return m_dir / "ttyUSB2"; }
     void PointTo(const std::string& target)
     {
-        const std::string temp = m_dir + "/next";
+        const std::string temp = m_dir / "next";
         ::unlink(temp.c_str());
         ASSERT_EQ(0, ::symlink(target.c_str(), temp.c_str()));
-        ASSERT_EQ(0, ::rename(temp.c_str(), m_link.c_str()));
+        ASSERT_EQ(0, ::rename(temp.c_str(), Path().c_str()));
     }
-    void Remove() { ::unlink(m_link.c_str()); }
+    void Remove() { ::unlink(Path().c_str()); }
 
 private:
-    std::string m_dir;
-    std::string m_link;
+    testkit::TempDir m_dir;
 };
 
 TEST_F(ProcessorPtyTest, VanishedPortFailsTheWaitingCommandsAndComesBack)
 {
     LinkedPort port;
     port.PointTo(m_modem->Path());
-    m_modem->SetAnswer(Table({{"AT^SYSINFO", ""}}));
+    m_modem->SetAnswer(AnswerTable({{"AT^SYSINFO", ""}}));
     auto processor = OpenProcessor(port.Path());
 
     // One command waits for its answer, another for its turn.
@@ -1217,7 +927,7 @@ TEST_F(ProcessorPtyTest, VanishedPortFailsTheWaitingCommandsAndComesBack)
 
     // The modem comes back under the same name.
     ScriptedModem back;
-    back.SetAnswer(Table({{"AT^SYSINFO", kSysinfoAnswer}}));
+    back.SetAnswer(AnswerTable({{"AT^SYSINFO", kSysinfoAnswer}}));
     port.PointTo(back.Path());
     ASSERT_TRUE(m_ports.WaitFor({true, false, true}, 3000));
     EXPECT_TRUE(processor->IsOpen());
@@ -1232,7 +942,7 @@ TEST_F(ProcessorPtyTest, LineThatComesBackOwesNothingOfTheOldOne)
     LinkedPort port;
     port.PointTo(m_modem->Path());
     // A command and the probe after it stay unanswered: the line owes both.
-    m_modem->SetAnswer(Table({{"AT^SYSINFO", ""}, {"AT+CMEE?", ""}}));
+    m_modem->SetAnswer(AnswerTable({{"AT^SYSINFO", ""}, {"AT+CMEE?", ""}}));
     auto processor = OpenProcessor(port.Path());
     EXPECT_EQ(kTimeout, AskSysinfo(*processor, 200).error);
     EXPECT_EQ(kTimeout, AskCsq(*processor).error);
@@ -1242,7 +952,7 @@ TEST_F(ProcessorPtyTest, LineThatComesBackOwesNothingOfTheOldOne)
     port.Remove();
     ASSERT_TRUE(m_ports.WaitFor({true, false}, 2000));
     ScriptedModem back;
-    back.SetAnswer(Table({{"AT^SYSINFO", kSysinfoAnswer}}));
+    back.SetAnswer(AnswerTable({{"AT^SYSINFO", kSysinfoAnswer}}));
     port.PointTo(back.Path());
     ASSERT_TRUE(m_ports.WaitFor({true, false, true}, 3000));
     const Outcome info = AskSysinfo(*processor);
@@ -1254,7 +964,7 @@ TEST_F(ProcessorPtyTest, LineThatComesBackOwesNothingOfTheOldOne)
 
 TEST_F(ProcessorPtyTest, CloseFailsTheWaitingCommand)
 {
-    m_modem->SetAnswer(Table({{"AT^SYSINFO", ""}}));
+    m_modem->SetAnswer(AnswerTable({{"AT^SYSINFO", ""}}));
     auto processor = OpenProcessor(m_modem->Path());
     unsigned long dwError = 0;
     std::thread caller([&] { dwError = AskSysinfo(*processor, 20000).error; });
@@ -1266,7 +976,7 @@ TEST_F(ProcessorPtyTest, CloseFailsTheWaitingCommand)
     EXPECT_EQ(kPortClosed, dwError);
 
     // And it opens again.
-    m_modem->SetAnswer(Table({{"AT^SYSINFO", kSysinfoAnswer}}));
+    m_modem->SetAnswer(AnswerTable({{"AT^SYSINFO", kSysinfoAnswer}}));
     std::string error;
     ASSERT_TRUE(processor->Open(&error)) << error;
     EXPECT_EQ(kSysinfo, AskSysinfo(*processor).fields);
@@ -1289,13 +999,7 @@ private:
 
 TEST_F(ProcessorPtyTest, KilledCallerGivesTheLineBack)
 {
-    auto asked = std::make_shared<std::atomic<int>>(0);
-    m_modem->SetAnswer([asked](const std::string& line) -> std::string {
-        if (line == "AT^SYSINFO" && asked->fetch_add(1) == 0) {
-            return "";
-        }
-        return Answered(line);
-    });
+    m_modem->SetAnswer(LosesFirstSysinfo(*m_modem, AnsweredAfterLoss));
     auto processor = OpenProcessor(m_modem->Path());
     WaitingThread waiting(*processor);
     ASSERT_EQ(0, waiting.Start());

@@ -5,28 +5,16 @@
 
 #include <chrono>
 #include <string>
-#include <thread>
 
 #include "ToolHost.h"
 #include "TraceRecorder.h"
 #include "TraceSrv.h"
+#include "WaitUntil.h"
 
 namespace {
 
 const char* const kRejectAlarm =
     "===***===***CNetSrvImpl:OnDeviceMgrEvent(): EVENT_DEVICE_REJECT!===***===***";
-
-bool WaitForTrace(const testkit::TraceRecorder& traces, const std::string& message)
-{
-    const auto until = std::chrono::steady_clock::now() + std::chrono::seconds(5);
-    while (!traces.Contains(message)) {
-        if (std::chrono::steady_clock::now() > until) {
-            return false;
-        }
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    }
-    return true;
-}
 
 TEST(ToolHost, VanishedPortReachesTheServiceAsDeviceRejected)
 {
@@ -41,7 +29,8 @@ TEST(ToolHost, VanishedPortReachesTheServiceAsDeviceRejected)
     EXPECT_FALSE(traces.Contains(kRejectAlarm));
 
     host.Simulator()->VanishPort();
-    EXPECT_TRUE(WaitForTrace(traces, kRejectAlarm));
+    EXPECT_TRUE(testkit::WaitUntil([&] { return traces.Contains(kRejectAlarm); },
+                                   std::chrono::seconds(5)));
     host.Stop();
 }
 

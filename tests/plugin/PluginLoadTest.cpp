@@ -5,32 +5,17 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <cstring>
-#include <string>
-#include <thread>
 
 #include "FakePluginHost.h"
 #include "FakeProcessor.h"
 #include "Interface/IBasePlugin.h"
 #include "Interface/INetSrv.h"
 #include "ThreadCount.h"
+#include "WaitUntil.h"
 
 namespace {
 
 using testkit::CountThreads;
-
-// Waits up to a deadline for the thread count to come down to target.
-bool ThreadsSettleTo(int target, std::chrono::milliseconds deadline)
-{
-    const auto until = std::chrono::steady_clock::now() + deadline;
-    while (CountThreads() != target) {
-        if (std::chrono::steady_clock::now() > until) {
-            return false;
-        }
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
-    return true;
-}
 
 class PluginLoad : public ::testing::Test {
 protected:
@@ -152,7 +137,8 @@ TEST_F(PluginLoad, UnloadStopsEveryThreadWithinOneSecond)
     release();
     const auto elapsed = std::chrono::steady_clock::now() - begin;
     EXPECT_LT(elapsed, std::chrono::seconds(1));
-    EXPECT_TRUE(ThreadsSettleTo(threadsBefore, std::chrono::milliseconds(500)))
+    EXPECT_TRUE(testkit::WaitUntil([&] { return CountThreads() == threadsBefore; },
+                                   std::chrono::milliseconds(500)))
         << CountThreads() << " threads, " << threadsBefore << " before";
 }
 

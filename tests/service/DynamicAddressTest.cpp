@@ -5,7 +5,6 @@
 // "lo" drives the success road without a modem or a network.
 
 #include <cstring>
-#include <fstream>
 #include <string>
 #include <vector>
 

@@ -24,15 +24,10 @@ TEST_F(LastError, AsksForTheCallersKindAndFillsTheRecord)
     ASSERT_EQ(calls.size(), 1u);
     EXPECT_EQ(calls[0].timeoutMs, 30000u);
     EXPECT_EQ(calls[0].kind, testkit::ExecutedCall::Kind::WithResponse);
-}
 
-TEST_F(LastError, TakesTheKindTheModemAnswers)
-{
-    Service();
     // An answer for another kind than asked is passed on as the modem gave it.
     processor.Expect("^GLASTERR", AtForm::Set).With({"0"}).Answer({"2", "4"});
-    NETSRV_DATA::SRV_LAST_ERROR lastErr;
-    unsigned long err = 0;
+    lastErr.type = 0;
     ASSERT_TRUE(service->SRVGetLastErr(&lastErr, &err));
     EXPECT_EQ(lastErr.type, 2u);
     EXPECT_EQ(lastErr.code, 4u);

@@ -6,7 +6,6 @@
 #include <nlohmann/json.hpp>
 
 #include <cctype>
-#include <cstring>
 #include <fstream>
 #include <map>
 #include <string>

@@ -2,16 +2,11 @@
 // the device service's probe and the connect service's list.
 #include <gtest/gtest.h>
 
-#include <fcntl.h>
-#include <poll.h>
-#include <stdlib.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <atomic>
 #include <chrono>
-#include <condition_variable>
-#include <cstring>
 #include <functional>
 #include <future>
 #include <map>
@@ -29,6 +24,8 @@
 #include "Interface/IDeviceService.h"
 #include "Interface/INetConnectService.h"
 #include "PluginContainer.h"
+#include "ScriptedModem.h"
+#include "TempDir.h"
 #include "TraceSrv.h"
 
 namespace {
@@ -399,132 +396,44 @@ TEST(DeviceService, KindFromTheUserStands)
     EXPECT_EQ(service.GetProductType(), DevDataDef::PRODUCT_TYPE_TD_SCDMA);
 }
 
-// A modem on a pseudo-terminal that answers each command line from a table
-// ("ERROR" for any other) and records what it was asked.
-class ScriptedModem {
-public:
-    explicit ScriptedModem(std::map<std::string, std::string> answers)
-        : m_answers(std::move(answers))
-    {
-        m_master = posix_openpt(O_RDWR | O_NOCTTY);
-        EXPECT_GE(m_master, 0);
-        EXPECT_EQ(grantpt(m_master), 0);
-        EXPECT_EQ(unlockpt(m_master), 0);
-        const char* pszName = ptsname(m_master);
-        m_path = pszName != nullptr ? pszName : "";
-        // Held open so that the master never sees a hang-up between opens.
-        m_slave = open(m_path.c_str(), O_RDWR | O_NOCTTY);
-        EXPECT_GE(m_slave, 0);
-        m_thread = std::thread([this] { Serve(); });
-    }
-    ~ScriptedModem()
-    {
-        m_bStop = true;
-        m_thread.join();
-        close(m_slave);
-        close(m_master);
-    }
-    const std::string& Path() const { return m_path; }
-    std::vector<std::string> Asked() const
-    {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        return m_asked;
-    }
-
-private:
-    void Serve()
-    {
-        std::string pending;
-        while (!m_bStop) {
-            pollfd pfd = {m_master, POLLIN, 0};
-            if (poll(&pfd, 1, 20) <= 0 || (pfd.revents & POLLIN) == 0) {
-                continue;
-            }
-            char buffer[256];
-            const ssize_t n = read(m_master, buffer, sizeof(buffer));
-            if (n <= 0) {
-                continue;
-            }
-            pending.append(buffer, static_cast<std::size_t>(n));
-            std::string::size_type end;
-            while ((end = pending.find_first_of("\r\n")) != std::string::npos) {
-                const std::string line = pending.substr(0, end);
-                pending.erase(0, end + 1);
-                if (line.empty()) {
-                    continue;
-                }
-                {
-                    std::lock_guard<std::mutex> lock(m_mutex);
-                    m_asked.push_back(line);
-                }
-                auto it = m_answers.find(line);
-                const std::string answer =
-                    "\r\n" + (it != m_answers.end() ? it->second : std::string("ERROR")) + "\r\n";
-                EXPECT_EQ(write(m_master, answer.data(), answer.size()),
-                          static_cast<ssize_t>(answer.size()));
-            }
-        }
-    }
-
-    std::map<std::string, std::string> m_answers;
-    int m_master = -1;
-    int m_slave = -1;
-    std::string m_path;
-    std::atomic<bool> m_bStop{false};
-    mutable std::mutex m_mutex;
-    std::vector<std::string> m_asked;
-    std::thread m_thread;
-};
-
 TEST(DeviceService, ProbesAModem)
 {
     QuietTraces quiet;
-    const std::string kGsmCaps = "+GCAP: +CGSM,+DS,+ES\r\n\r\nOK";
+    const std::string kGsmCaps = "\r\n+GCAP: +CGSM,+DS,+ES\r\n\r\nOK\r\n";
     struct Case {
         const char* modem;
         std::map<std::string, std::string> answers;
         int expected;
-        std::vector<std::string> probe;   // the probe's commands, in order
+        const char* probe;   // the probe's command lines, in order
     };
     const Case cases[] = {
         {"LTE data card",
-         {{"AT+GCAP", kGsmCaps}, {"AT^SYSCFG?", "^SYSCFG: 2,0,400000,0,3\r\n\r\nOK"}},
-         DevDataDef::PRODUCT_TYPE_WCDMA,
-         {"AT+GCAP", "AT^SYSCFG?"}},
+         {{"AT+GCAP", kGsmCaps}, {"AT^SYSCFG?", "\r\n^SYSCFG: 2,0,400000,0,3\r\n\r\nOK\r\n"}},
+         DevDataDef::PRODUCT_TYPE_WCDMA, "AT+GCAP\rAT^SYSCFG?\r"},
         {"TD-SCDMA modem",
          {{"AT+GCAP", kGsmCaps},
-          {"AT^SYSCFG?", "COMMAND NOT SUPPORT"},
-          {"AT^SYSCONFIG?", "^SYSCONFIG: 2,0,1,2\r\n\r\nOK"}},
-         DevDataDef::PRODUCT_TYPE_TD_SCDMA,
-         {"AT+GCAP", "AT^SYSCFG?", "AT^SYSCONFIG?"}},
+          {"AT^SYSCFG?", "\r\nCOMMAND NOT SUPPORT\r\n"},
+          {"AT^SYSCONFIG?", "\r\n^SYSCONFIG: 2,0,1,2\r\n\r\nOK\r\n"}},
+         DevDataDef::PRODUCT_TYPE_TD_SCDMA, "AT+GCAP\rAT^SYSCFG?\rAT^SYSCONFIG?\r"},
         {"CDMA/EV-DO card",
-         {{"AT+GCAP", "+GCAP: +CIS707-A, +MS, +ES, +DS, +FCLASS\r\n\r\nOK"}},
-         DevDataDef::PRODUCT_TYPE_CDMA,
-         {"AT+GCAP"}},
+         {{"AT+GCAP", "\r\n+GCAP: +CIS707-A, +MS, +ES, +DS, +FCLASS\r\n\r\nOK\r\n"}},
+         DevDataDef::PRODUCT_TYPE_CDMA, "AT+GCAP\r"},
         {"a modem that refuses everything", {}, DevDataDef::PRODUCT_TYPE_WCDMA,
-         {"AT+GCAP", "AT^SYSCFG?", "AT^SYSCONFIG?"}},
+         "AT+GCAP\rAT^SYSCFG?\rAT^SYSCONFIG?\r"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.modem);
-        std::map<std::string, std::string> answers = c.answers;
-        answers["ATE0"] = "OK";
-        answers["AT+CMEE=1"] = "OK";
-        ScriptedModem modem(answers);
+        testkit::ScriptedModem modem;
+        modem.SetAnswer(testkit::AnswerTable(c.answers));
         host::CAtProcessor processor(modem.Path());
         std::string error;
         ASSERT_TRUE(processor.Open(&error)) << error;
+        modem.TakeReceived();   // the greeting
         host::CDeviceService service;
         service.Probe(processor);
         EXPECT_EQ(service.GetProductType(), c.expected);
         processor.Close();
-
-        std::vector<std::string> probe;
-        for (const std::string& line : modem.Asked()) {
-            if (line != "ATE0" && line != "AT+CMEE=1") {
-                probe.push_back(line);
-            }
-        }
-        EXPECT_EQ(probe, c.probe);
+        EXPECT_EQ(modem.TakeReceived(), c.probe);
     }
 }
 
@@ -618,9 +527,8 @@ TEST(ConnectService, ListOfTheSystemsLinks)
 
 TEST(ConnectService, UsbAdapterFromTheDeviceLinks)
 {
-    char pattern[] = "/tmp/sysnet-XXXXXX";
-    ASSERT_NE(mkdtemp(pattern), nullptr);
-    const std::string root = pattern;
+    testkit::TempDir dir;
+    const std::string root = dir.Path();
     // <root>/bus/{usb,pci}; <root>/devices/{2-1:1.4,0000:00:19.0}/subsystem;
     // <root>/net/<if>/device -> the device.
     const std::vector<std::string> dirs = {
@@ -646,13 +554,6 @@ TEST(ConnectService, UsbAdapterFromTheDeviceLinks)
     EXPECT_FALSE(host::IsUsbNetInterface(net, "../net/wwan0"));
     EXPECT_FALSE(host::IsUsbNetInterface(net, ""));
 
-    for (auto it = links.rbegin(); it != links.rend(); ++it) {
-        unlink((root + it->first).c_str());
-    }
-    for (auto it = dirs.rbegin(); it != dirs.rend(); ++it) {
-        rmdir((root + *it).c_str());
-    }
-    rmdir(root.c_str());
 }
 
 }  // namespace

@@ -11,7 +11,6 @@
 #include <atomic>
 #include <cctype>
 #include <chrono>
-#include <cstdlib>
 #include <fstream>
 #include <memory>
 #include <string>
@@ -24,7 +23,9 @@
 #include "ModemEngine.h"
 #include "ModemSimulator.h"
 #include "NetSrvAtCommonds.h"
+#include "TempDir.h"
 #include "Timeline.h"
+#include "WaitUntil.h"
 
 namespace {
 
@@ -295,17 +296,8 @@ public:
     // time is up. What follows `end` waits for the next read.
     std::string ReadUntil(const std::string& end, int timeoutMs = 3000)
     {
-        const Clock::time_point deadline = Clock::now() + std::chrono::milliseconds(timeoutMs);
-        std::size_t found = m_buffer.find(end);
-        while (found == std::string::npos) {
-            const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
-                                  deadline - Clock::now())
-                                  .count();
-            if (left <= 0 || !ReadSome(static_cast<int>(left))) {
-                break;
-            }
-            found = m_buffer.find(end);
-        }
+        ReadWhile(timeoutMs, [&] { return m_buffer.find(end) == std::string::npos; });
+        const std::size_t found = m_buffer.find(end);
         const std::size_t length = found == std::string::npos ? m_buffer.size()
                                                               : found + end.size();
         std::string received = m_buffer.substr(0, length);
@@ -316,15 +308,7 @@ public:
     // Everything that arrives within the time.
     std::string ReadFor(int ms)
     {
-        const Clock::time_point deadline = Clock::now() + std::chrono::milliseconds(ms);
-        for (;;) {
-            const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
-                                  deadline - Clock::now())
-                                  .count();
-            if (left <= 0 || !ReadSome(static_cast<int>(left))) {
-                break;
-            }
-        }
+        ReadWhile(ms, [] { return true; });
         std::string received;
         received.swap(m_buffer);
         return received;
@@ -342,6 +326,20 @@ public:
     }
 
 private:
+    template <class Condition>
+    void ReadWhile(int timeoutMs, Condition more)
+    {
+        const Clock::time_point deadline = Clock::now() + std::chrono::milliseconds(timeoutMs);
+        while (more()) {
+            const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
+                                  deadline - Clock::now())
+                                  .count();
+            if (left <= 0 || !ReadSome(static_cast<int>(left))) {
+                return;
+            }
+        }
+    }
+
     bool ReadSome(int timeoutMs)
     {
         pollfd fd = {m_fd, POLLIN, 0};
@@ -361,23 +359,15 @@ private:
     std::string m_buffer;
 };
 
-class TempDir {
-public:
-    TempDir()
-    {
-        char pattern[] = "/tmp/modemsim-test-XXXXXX";
-        m_path = mkdtemp(pattern) != nullptr ? pattern : "";
+// Starts the simulator, its port behind the link when one is given.
+::testing::AssertionResult Started(modemsim::Simulator& simulator, const std::string& link = "")
+{
+    std::string error;
+    if (simulator.Start(&error, link)) {
+        return ::testing::AssertionSuccess();
     }
-    ~TempDir()
-    {
-        unlink((m_path + "/modem").c_str());
-        rmdir(m_path.c_str());
-    }
-    std::string Link() const { return m_path + "/modem"; }
-
-private:
-    std::string m_path;
-};
+    return ::testing::AssertionFailure() << error;
+}
 
 std::string LinkTarget(const std::string& link)
 {
@@ -389,8 +379,7 @@ std::string LinkTarget(const std::string& link)
 TEST(ModemSimEngineTest, PtyEchoOffThenCapabilities)
 {
     modemsim::Simulator simulator(BuiltIn("lte"));
-    std::string error;
-    ASSERT_TRUE(simulator.Start(&error)) << error;
+    ASSERT_TRUE(Started(simulator));
     Port port(simulator.SlavePath());
     ASSERT_TRUE(port.IsOpen());
 
@@ -398,29 +387,11 @@ TEST(ModemSimEngineTest, PtyEchoOffThenCapabilities)
     EXPECT_EQ(port.ReadUntil("OK\r\n"), "ATE0\r\r\nOK\r\n");
     port.Write("AT+GCAP\r");
     EXPECT_EQ(port.ReadUntil("OK\r\n"), "\r\n+GCAP: +CGSM,+DS,+ES\r\n\r\nOK\r\n");
-    port.Write("AT^GLASTERR=1\r");
-    EXPECT_EQ(port.ReadUntil("OK\r\n"), "\r\n^GLASTERR: 1,33\r\n\r\nOK\r\n");
-    port.Write("AT^SYSCFG?\r");
-    EXPECT_EQ(port.ReadUntil("OK\r\n"), "\r\n^SYSCFG: 2,0,3FFFFFFF,1,2\r\n\r\nOK\r\n");
-    port.Write("AT+XYZZY\r");
-    EXPECT_EQ(port.ReadUntil("SUPPORT\r\n"), "\r\nCOMMAND NOT SUPPORT\r\n");
     // Garbage from the host side is an error, and the modem goes on.
     port.Write(std::string("\x01\xff junk\r", 8));
     EXPECT_EQ(port.ReadUntil("ERROR\r\n"), "\r\nERROR\r\n");
     port.Write("AT\r");
     EXPECT_EQ(port.ReadUntil("OK\r\n"), "\r\nOK\r\n");
-}
-
-TEST(ModemSimEngineTest, PtyTdscdmaLacksSyscfg)
-{
-    modemsim::Simulator simulator(BuiltIn("tdscdma"));
-    std::string error;
-    ASSERT_TRUE(simulator.Start(&error)) << error;
-    Port port(simulator.SlavePath());
-    port.Write("ATE0;^SYSCFG?\r");
-    EXPECT_EQ(port.ReadUntil("SUPPORT\r\n"), "ATE0;^SYSCFG?\r\r\nCOMMAND NOT SUPPORT\r\n");
-    port.Write("AT^SYSCONFIG?\r");
-    EXPECT_EQ(port.ReadUntil("OK\r\n"), "\r\n^SYSCONFIG: 2,0,1,2\r\n\r\nOK\r\n");
 }
 
 TEST(ModemSimEngineTest, PtyTimelineReportsAndChangesState)
@@ -440,8 +411,7 @@ TEST(ModemSimEngineTest, PtyTimelineReportsAndChangesState)
     profile.timeline = {report, change, repeat};
 
     modemsim::Simulator simulator(profile);
-    std::string error;
-    ASSERT_TRUE(simulator.Start(&error)) << error;
+    ASSERT_TRUE(Started(simulator));
     Port port(simulator.SlavePath());
     EXPECT_EQ(port.ReadUntil("^RSSI:25\r\n"), "\r\n^RSSI:25\r\n");
     // The change fell due before the report: the section the profile has
@@ -461,8 +431,7 @@ TEST(ModemSimEngineTest, PtyDelayedAnswersKeepTheirOrder)
     profile.initial.echo = false;
     profile.delays.commands = {{"+GCAP", 300}};
     modemsim::Simulator simulator(profile);
-    std::string error;
-    ASSERT_TRUE(simulator.Start(&error)) << error;
+    ASSERT_TRUE(Started(simulator));
     Port port(simulator.SlavePath());
     const Clock::time_point sent = Clock::now();
     port.Write("AT+GCAP\rAT+CMEE?\r");
@@ -476,8 +445,7 @@ TEST(ModemSimEngineTest, PtySilentAndGarbageSwitches)
     Profile profile = BuiltIn("lte");
     profile.initial.echo = false;
     modemsim::Simulator simulator(profile);
-    std::string error;
-    ASSERT_TRUE(simulator.Start(&error)) << error;
+    ASSERT_TRUE(Started(simulator));
     Port port(simulator.SlavePath());
 
     simulator.SetSilent(true);
@@ -500,27 +468,28 @@ TEST(ModemSimEngineTest, PtySilentAndGarbageSwitches)
 
 TEST(ModemSimEngineTest, PtyVanishAndRestoreRepointTheLink)
 {
-    TempDir dir;
+    testkit::TempDir dir;
+    const std::string link = dir / "modem";
     modemsim::Simulator simulator(BuiltIn("lte"));
+    ASSERT_TRUE(Started(simulator, link));
     std::string error;
-    ASSERT_TRUE(simulator.Start(&error, dir.Link())) << error;
     const std::string first = simulator.SlavePath();
-    EXPECT_EQ(LinkTarget(dir.Link()), first);
+    EXPECT_EQ(LinkTarget(link), first);
 
-    auto port = std::make_unique<Port>(dir.Link());
+    auto port = std::make_unique<Port>(link);
     ASSERT_TRUE(port->IsOpen());
     simulator.VanishPort();
     EXPECT_TRUE(port->HungUp(1000));
     EXPECT_EQ(simulator.SlavePath(), "");
     struct stat info {};
-    EXPECT_NE(lstat(dir.Link().c_str(), &info), 0);
-    EXPECT_FALSE(Port(dir.Link()).IsOpen());
+    EXPECT_NE(lstat(link.c_str(), &info), 0);
+    EXPECT_FALSE(Port(link).IsOpen());
     port.reset();
 
     ASSERT_TRUE(simulator.RestorePort(&error)) << error;
     EXPECT_FALSE(simulator.SlavePath().empty());
-    EXPECT_EQ(LinkTarget(dir.Link()), simulator.SlavePath());
-    Port again(dir.Link());
+    EXPECT_EQ(LinkTarget(link), simulator.SlavePath());
+    Port again(link);
     ASSERT_TRUE(again.IsOpen());
     // A fresh port, and the modem as it was: echo still on.
     again.Write("AT\r");
@@ -528,22 +497,23 @@ TEST(ModemSimEngineTest, PtyVanishAndRestoreRepointTheLink)
     EXPECT_TRUE(simulator.RestorePort(&error));   // nothing to restore
 
     simulator.Stop();
-    EXPECT_NE(lstat(dir.Link().c_str(), &info), 0);
+    EXPECT_NE(lstat(link.c_str(), &info), 0);
     EXPECT_FALSE(simulator.RestorePort(&error));
     EXPECT_EQ(error, "the simulator is not running");
     simulator.Stop();
 
     // A stopped simulator starts again from the profile.
-    ASSERT_TRUE(simulator.Start(&error, dir.Link())) << error;
-    EXPECT_EQ(LinkTarget(dir.Link()), simulator.SlavePath());
-    Port restarted(dir.Link());
+    ASSERT_TRUE(Started(simulator, link));
+    EXPECT_EQ(LinkTarget(link), simulator.SlavePath());
+    Port restarted(link);
     restarted.Write("ATE0\r");
     EXPECT_EQ(restarted.ReadUntil("OK\r\n"), "ATE0\r\r\nOK\r\n");
 }
 
 TEST(ModemSimEngineTest, PtyTimelineFaultsVanishAndRestore)
 {
-    TempDir dir;
+    testkit::TempDir dir;
+    const std::string link = dir / "modem";
     Profile profile = BuiltIn("lte");
     modemsim::TimelineEvent vanish;
     vanish.atMs = 300;
@@ -553,41 +523,37 @@ TEST(ModemSimEngineTest, PtyTimelineFaultsVanishAndRestore)
     restore.fault = modemsim::FaultAction::Restore;
     profile.timeline = {vanish, restore};
     modemsim::Simulator simulator(profile);
-    std::string error;
-    ASSERT_TRUE(simulator.Start(&error, dir.Link())) << error;
+    ASSERT_TRUE(Started(simulator, link));
     {
-        Port port(dir.Link());
+        Port port(link);
         ASSERT_TRUE(port.IsOpen());
         EXPECT_TRUE(port.HungUp(2000));
         EXPECT_EQ(simulator.SlavePath(), "");
     }
-    const Clock::time_point deadline = Clock::now() + std::chrono::seconds(3);
-    while (simulator.SlavePath().empty() && Clock::now() < deadline) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
-    ASSERT_FALSE(simulator.SlavePath().empty());
-    EXPECT_EQ(LinkTarget(dir.Link()), simulator.SlavePath());
-    Port port(dir.Link());
+    ASSERT_TRUE(testkit::WaitUntil([&] { return !simulator.SlavePath().empty(); },
+                                   std::chrono::seconds(3)));
+    EXPECT_EQ(LinkTarget(link), simulator.SlavePath());
+    Port port(link);
     port.Write("AT\r");
     EXPECT_EQ(port.ReadUntil("OK\r\n"), "AT\r\r\nOK\r\n");
 }
 
 TEST(ModemSimEngineTest, StartRefusesToReplaceAFile)
 {
-    TempDir dir;
-    { std::ofstream(dir.Link()) << "not a link"; }
+    testkit::TempDir dir;
+    const std::string link = dir / "modem";
+    { std::ofstream(link) << "not a link"; }
     modemsim::Simulator simulator(BuiltIn("lte"));
     std::string error;
-    EXPECT_FALSE(simulator.Start(&error, dir.Link()));
-    EXPECT_EQ(error, dir.Link() + " exists and is not a symbolic link");
+    EXPECT_FALSE(simulator.Start(&error, link));
+    EXPECT_EQ(error, link + " exists and is not a symbolic link");
     EXPECT_EQ(simulator.SlavePath(), "");
 }
 
 TEST(ModemSimEngineTest, ApiIsSafeFromManyThreads)
 {
     modemsim::Simulator simulator(BuiltIn("lte"));
-    std::string error;
-    ASSERT_TRUE(simulator.Start(&error)) << error;
+    ASSERT_TRUE(Started(simulator));
     Port port(simulator.SlavePath());
     std::atomic<bool> bReading{true};
     std::thread reader([&] {

@@ -4,10 +4,6 @@
 // survives its JSON round trip, which timeline patches depend on.
 #include <gtest/gtest.h>
 
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cstdio>
 #include <fstream>
 #include <random>
 #include <sstream>
@@ -18,6 +14,7 @@
 
 #include "ModemSimulator.h"
 #include "StatePatch.h"
+#include "TempDir.h"
 
 namespace {
 
@@ -265,9 +262,8 @@ TEST(ModemSimProfileTest, JunkNeverCrashesTheReader)
 
 TEST(ModemSimProfileTest, LoadingFilesNamesThePath)
 {
-    char directory[] = "/tmp/modemsim-profile-XXXXXX";
-    ASSERT_NE(mkdtemp(directory), nullptr);
-    const std::string dir = directory;
+    testkit::TempDir temp;
+    const std::string dir = temp.Path();
     Profile profile;
     std::string error;
 
@@ -278,18 +274,15 @@ TEST(ModemSimProfileTest, LoadingFilesNamesThePath)
 
     json document = MinimalProfile();
     document["network"]["roaming"] = 13;
-    const std::string path = dir + "/bad.json";
-    std::ofstream(path) << document.dump(2);
+    const std::string path = temp.Write("bad.json", document.dump(2));
     EXPECT_FALSE(modemsim::LoadProfile(path, &profile, &error));
     EXPECT_EQ(error, path + ": network.roaming: out of range: 13 is not within 0..12");
 
     document["network"]["roaming"] = 1;
-    std::ofstream(path) << document.dump(2);
+    temp.Write("bad.json", document.dump(2));
     ASSERT_TRUE(modemsim::LoadProfile(path, &profile, &error)) << error;
     EXPECT_EQ(profile.source, path);
     EXPECT_EQ(profile.initial.network.roaming, 1);
-    unlink(path.c_str());
-    rmdir(dir.c_str());
 }
 
 TEST(ModemSimProfileTest, StateSurvivesItsJsonRoundTripAndPatches)

@@ -2,14 +2,12 @@
 // bounded copies, surrogates, and the round trips through the host.
 #include <gtest/gtest.h>
 
-#include <stdlib.h>
-#include <unistd.h>
-
 #include <cstring>
-#include <filesystem>
 #include <string>
 
 #include "MyGlobalFunc.h"
+#include "ScopedEnv.h"
+#include "TempDir.h"
 
 namespace {
 
@@ -179,30 +177,8 @@ TEST(MyGlobalFuncWideTest, CodePageRoundTripsThroughTheHost)
 // Points the host's user-data directory at a fresh folder for one test.
 class MyGlobalFuncHostTest : public ::testing::Test {
 protected:
-    void SetUp() override
-    {
-        std::string strTemplate =
-            (std::filesystem::temp_directory_path() / "netsrv-glob-XXXXXX").string();
-        ASSERT_NE(mkdtemp(&strTemplate[0]), nullptr);
-        m_strDir = strTemplate;
-        const char* pszOld = getenv("XDG_DATA_HOME");
-        m_bHadOld = pszOld != nullptr;
-        m_strOld = m_bHadOld ? pszOld : "";
-        setenv("XDG_DATA_HOME", m_strDir.c_str(), 1);
-    }
-    void TearDown() override
-    {
-        if (m_bHadOld) {
-            setenv("XDG_DATA_HOME", m_strOld.c_str(), 1);
-        } else {
-            unsetenv("XDG_DATA_HOME");
-        }
-        std::error_code ec;
-        std::filesystem::remove_all(m_strDir, ec);
-    }
-    std::string m_strDir;
-    std::string m_strOld;
-    bool m_bHadOld = false;
+    testkit::TempDir m_dir;
+    testkit::ScopedEnv m_env{"XDG_DATA_HOME", m_dir.Path().c_str()};
 };
 
 TEST_F(MyGlobalFuncHostTest, SettingRoundTripKeepsEveryUnit)
@@ -218,11 +194,11 @@ TEST_F(MyGlobalFuncHostTest, SettingRoundTripKeepsEveryUnit)
 
 TEST_F(MyGlobalFuncHostTest, UserDataPathComesFromTheHostCutTo259Units)
 {
-    const std::string strExpected = m_strDir + "/netsrv";
+    const std::string strExpected = m_dir / "netsrv";
     EXPECT_EQ(MyGetUserDataPath(), QIRA_wstring(strExpected.begin(), strExpected.end()));
 
     const std::string strLong = "/" + std::string(300, 'd');
-    setenv("XDG_DATA_HOME", strLong.c_str(), 1);
+    m_env.Set(strLong.c_str());
     const QIRA_wstring path = MyGetUserDataPath();
     EXPECT_EQ(path.size(), 259u);
     EXPECT_EQ(path, QIRA_wstring(strLong.begin(), strLong.begin() + 259));

@@ -3,18 +3,17 @@
 #include <gtest/gtest.h>
 
 #include <netinet/in.h>
-#include <stdlib.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 #include <cstring>
-#include <fstream>
 #include <string>
 #include <vector>
 
 #include "LoopbackIPv6.h"
 #include "OSDialup.h"
 #include "OSDialupQuery.h"
+#include "TempDir.h"
 
 namespace {
 
@@ -56,38 +55,11 @@ std::vector<LinkAddress> ModemLinks()
     };
 }
 
-// A scratch directory with resolver files, removed at the end.
-class ResolvDir {
-public:
-    ResolvDir()
-    {
-        std::string pattern = ::testing::TempDir() + "osdialup-XXXXXX";
-        std::vector<char> buffer(pattern.begin(), pattern.end());
-        buffer.push_back('\0');
-        const char* pszDir = mkdtemp(buffer.data());
-        EXPECT_NE(pszDir, nullptr);
-        m_dir = pszDir != nullptr ? pszDir : "/nonexistent-osdialup";
-        files.pppFile = m_dir + "/ppp-resolv.conf";
-        files.systemFile = m_dir + "/resolv.conf";
-    }
-    ~ResolvDir()
-    {
-        unlink(files.pppFile.c_str());
-        unlink(files.systemFile.c_str());
-        rmdir(m_dir.c_str());
-    }
-    void Write(const std::string& path, const std::string& text)
-    {
-        std::ofstream file(path, std::ios::binary | std::ios::trunc);
-        file << text;
-        ASSERT_TRUE(file.good()) << path;
-    }
-
-    ResolvFiles files;
-
-private:
-    std::string m_dir;
-};
+// The resolver files of a scratch directory.
+ResolvFiles FilesIn(const testkit::TempDir& dir)
+{
+    return {dir / "ppp-resolv.conf", dir / "resolv.conf"};
+}
 
 TEST(OSDialup, LoopbackAddressesFromTheSystem)
 {
@@ -258,39 +230,41 @@ TEST(OSDialup, NameServersOfAResolverFile)
 
 TEST(OSDialup, WhichResolverFileServesALink)
 {
-    ResolvDir dir;
-    dir.Write(dir.files.systemFile, "nameserver 192.168.8.1\n");
+    testkit::TempDir dir;
+    const ResolvFiles files = FilesIn(dir);
+    dir.Write("resolv.conf", "nameserver 192.168.8.1\n");
 
     // Without the dial-up file every link reads the system file.
-    EXPECT_EQ(osdialup::NameServersFor("ppp0", dir.files),
+    EXPECT_EQ(osdialup::NameServersFor("ppp0", files),
               std::vector<std::string>{"192.168.8.1"});
 
-    dir.Write(dir.files.pppFile, "nameserver 10.11.12.13\nnameserver 10.11.12.14\n");
-    EXPECT_EQ(osdialup::NameServersFor("ppp0", dir.files),
+    dir.Write("ppp-resolv.conf", "nameserver 10.11.12.13\nnameserver 10.11.12.14\n");
+    EXPECT_EQ(osdialup::NameServersFor("ppp0", files),
               (std::vector<std::string>{"10.11.12.13", "10.11.12.14"}));
-    EXPECT_EQ(osdialup::NameServersFor("ppp1", dir.files).size(), 2u);
-    EXPECT_EQ(osdialup::NameServersFor("wwan0", dir.files),
+    EXPECT_EQ(osdialup::NameServersFor("ppp1", files).size(), 2u);
+    EXPECT_EQ(osdialup::NameServersFor("wwan0", files),
               std::vector<std::string>{"192.168.8.1"});
 
     // A dial-up file that names nobody does not hide the system's servers.
-    dir.Write(dir.files.pppFile, "# empty\n");
-    EXPECT_EQ(osdialup::NameServersFor("ppp0", dir.files),
+    dir.Write("ppp-resolv.conf", "# empty\n");
+    EXPECT_EQ(osdialup::NameServersFor("ppp0", files),
               std::vector<std::string>{"192.168.8.1"});
 
-    unlink(dir.files.systemFile.c_str());
-    EXPECT_TRUE(osdialup::NameServersFor("wwan0", dir.files).empty());
+    unlink(files.systemFile.c_str());
+    EXPECT_TRUE(osdialup::NameServersFor("wwan0", files).empty());
 
     // Only the head of an absurdly long file is read.
-    dir.Write(dir.files.systemFile, std::string(70000, '#') + "\nnameserver 1.2.3.4\n");
-    EXPECT_TRUE(osdialup::NameServersFor("wwan0", dir.files).empty());
+    dir.Write("resolv.conf", std::string(70000, '#') + "\nnameserver 1.2.3.4\n");
+    EXPECT_TRUE(osdialup::NameServersFor("wwan0", files).empty());
 }
 
 TEST(OSDialup, NameServersOfALink)
 {
-    ResolvDir dir;
-    dir.Write(dir.files.systemFile,
+    testkit::TempDir dir;
+    const ResolvFiles files = FilesIn(dir);
+    dir.Write("resolv.conf",
               "nameserver 192.168.8.1\nnameserver 2001:db8::53\nnameserver 192.168.8.2\n");
-    dir.Write(dir.files.pppFile, "nameserver 10.11.12.13\n");
+    dir.Write("ppp-resolv.conf", "nameserver 10.11.12.13\n");
     const std::vector<LinkAddress> links = ModemLinks();
     struct Case {
         const char* link;
@@ -320,7 +294,7 @@ TEST(OSDialup, NameServersOfALink)
         char buffer[72];
         std::strcpy(buffer, "unchanged");
         std::memset(buffer + 10, 'Z', sizeof(buffer) - 10);
-        EXPECT_EQ(osdialup::QueryDynamicDNS(c.link, c.param, buffer, c.size, links, dir.files),
+        EXPECT_EQ(osdialup::QueryDynamicDNS(c.link, c.param, buffer, c.size, links, files),
                   c.expected);
         EXPECT_STREQ(buffer, c.text);
         EXPECT_EQ(buffer[sizeof(buffer) - 1], 'Z');

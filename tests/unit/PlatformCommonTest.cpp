@@ -3,77 +3,26 @@
 #include <gtest/gtest.h>
 
 #include <iconv.h>
-#include <stdlib.h>
-#include <unistd.h>
 
 #include <climits>
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "GlobalFunction.h"
+#include "ScopedEnv.h"
+#include "TempDir.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
-// Sets or clears an environment variable for one test and puts it back.
-class ScopedEnv {
-public:
-    ScopedEnv(const char* pszName, const char* pszValue) : m_strName(pszName)
-    {
-        const char* pszOld = getenv(pszName);
-        m_bHadValue = pszOld != nullptr;
-        if (m_bHadValue) {
-            m_strOld = pszOld;
-        }
-        if (pszValue != nullptr) {
-            setenv(pszName, pszValue, 1);
-        } else {
-            unsetenv(pszName);
-        }
-    }
-    ~ScopedEnv()
-    {
-        if (m_bHadValue) {
-            setenv(m_strName.c_str(), m_strOld.c_str(), 1);
-        } else {
-            unsetenv(m_strName.c_str());
-        }
-    }
-
-private:
-    std::string m_strName;
-    std::string m_strOld;
-    bool m_bHadValue = false;
-};
-
-class TempDir {
-public:
-    TempDir()
-    {
-        std::string strTemplate = (fs::temp_directory_path() / "netsrv-common-XXXXXX").string();
-        if (mkdtemp(&strTemplate[0]) != nullptr) {
-            m_path = strTemplate;
-        }
-    }
-    ~TempDir()
-    {
-        std::error_code ec;
-        if (!m_path.empty()) {
-            fs::remove_all(m_path, ec);
-        }
-    }
-    const fs::path& Path() const { return m_path; }
-
-private:
-    fs::path m_path;
-};
+using testkit::ScopedEnv;
+using testkit::TempDir;
 
 typedef std::vector<unsigned short> Units;
 
@@ -99,8 +48,9 @@ protected:
     void SetUp() override { ASSERT_FALSE(m_dir.Path().empty()); }
 
     TempDir m_dir;
+    const fs::path m_store = fs::path(m_dir.Path()) / "nested" / "data";
     // Below a folder that does not exist yet: the store creates it.
-    ScopedEnv m_env{"XDG_DATA_HOME", (m_dir.Path() / "nested" / "data").c_str()};
+    ScopedEnv m_env{"XDG_DATA_HOME", m_store.c_str()};
 };
 
 TEST_F(PlatformSettingsTest, AwkwardValuesSurviveTheRoundTrip)
@@ -136,7 +86,7 @@ TEST_F(PlatformSettingsTest, AwkwardValuesSurviveTheRoundTrip)
     for (const Row& row : rows) {
         EXPECT_EQ(Fetch(module, U(row.strItem)), U(row.strValue)) << row.pszWhat;
     }
-    EXPECT_TRUE(fs::is_regular_file(m_dir.Path() / "nested" / "data" / "netsrv" / "settings.conf"));
+    EXPECT_TRUE(fs::is_regular_file(m_store / "netsrv" / "settings.conf"));
 }
 
 TEST_F(PlatformSettingsTest, OverwriteMissingItemsAndModules)
@@ -172,7 +122,7 @@ TEST_F(PlatformSettingsTest, SmallBufferGetsAPrefixAndNoWriteBeyondIt)
 
 TEST_F(PlatformSettingsTest, EditedFileWithForeignLinesStaysUsable)
 {
-    const fs::path folder = m_dir.Path() / "nested" / "data" / "netsrv";
+    const fs::path folder = m_store / "netsrv";
     fs::create_directories(folder);
     {
         std::ofstream file(folder / "settings.conf", std::ios::binary);
@@ -197,13 +147,16 @@ TEST_F(PlatformSettingsTest, ParallelWritersLoseNothing)
     const Units module = U(u"NetSrv");
     const int kThreads = 4;
     const int kItems = 8;
+    const auto item = [](int t, int i) {
+        const std::string strName = "T" + std::to_string(t) + "I" + std::to_string(i);
+        return std::u16string(strName.begin(), strName.end());
+    };
     std::vector<std::thread> threads;
     for (int t = 0; t < kThreads; ++t) {
-        threads.emplace_back([t, &module] {
+        threads.emplace_back([t, &module, &item] {
             for (int i = 0; i < kItems; ++i) {
-                const std::string strName = "T" + std::to_string(t) + "I" + std::to_string(i);
-                const std::u16string strItem(strName.begin(), strName.end());
-                CGlobalFunction::SetSetting(module.data(), U(strItem).data(), U(strItem + u"=v").data());
+                CGlobalFunction::SetSetting(module.data(), U(item(t, i)).data(),
+                                            U(item(t, i) + u"=v").data());
             }
         });
     }
@@ -212,14 +165,12 @@ TEST_F(PlatformSettingsTest, ParallelWritersLoseNothing)
     }
     for (int t = 0; t < kThreads; ++t) {
         for (int i = 0; i < kItems; ++i) {
-            const std::string strName = "T" + std::to_string(t) + "I" + std::to_string(i);
-            const std::u16string strItem(strName.begin(), strName.end());
-            EXPECT_EQ(Fetch(module, U(strItem)), U(strItem + u"=v")) << strName;
+            EXPECT_EQ(Fetch(module, U(item(t, i))), U(item(t, i) + u"=v")) << t << "/" << i;
         }
     }
     // Only the store itself is left behind: no temporary files.
     size_t nFiles = 0;
-    for (const auto& entry : fs::directory_iterator(m_dir.Path() / "nested" / "data" / "netsrv")) {
+    for (const auto& entry : fs::directory_iterator(m_store / "netsrv")) {
         (void)entry;
         ++nFiles;
     }
@@ -230,8 +181,7 @@ TEST(PlatformSettingsFailureTest, UnwritableDirectoryFailsCleanly)
 {
     TempDir dir;
     ASSERT_FALSE(dir.Path().empty());
-    const fs::path blocker = dir.Path() / "file";
-    std::ofstream(blocker) << "not a directory";
+    const std::string blocker = dir.Write("file", "not a directory");
     ScopedEnv env("XDG_DATA_HOME", blocker.c_str());  // the store would be below a file
     const Units module = U(u"NetSrv");
     EXPECT_FALSE(CGlobalFunction::SetSetting(module.data(), U(u"A").data(), U(u"b").data()));

@@ -9,6 +9,7 @@
 #include <thread>
 
 #include "ThreadCount.h"
+#include "WaitUntil.h"
 #include "isapuguard.h"
 #include "jmutex.h"
 #include "jthreadt.h"
@@ -22,21 +23,9 @@ double SecondsSince(Clock::time_point start)
     return std::chrono::duration<double>(Clock::now() - start).count();
 }
 
-// Polls a condition for up to the given time; true when it came true.
-template <typename Condition>
-bool WaitFor(Condition condition, double dSeconds)
-{
-    const Clock::time_point start = Clock::now();
-    while (!condition()) {
-        if (SecondsSince(start) > dSeconds) {
-            return false;
-        }
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
-    return true;
-}
-
 using testkit::CountThreads;
+using testkit::WaitUntil;
+using namespace std::chrono_literals;
 
 TEST(ThreadJMutexTest, InitIsRequiredOnceAndLocksAreRecursive)
 {
@@ -64,7 +53,7 @@ TEST(ThreadJMutexTest, InitIsRequiredOnceAndLocksAreRecursive)
     std::this_thread::sleep_for(std::chrono::milliseconds(100));
     EXPECT_FALSE(bOtherGotIt);
     EXPECT_EQ(mutex.Unlock(), 0);
-    EXPECT_TRUE(WaitFor([&] { return bOtherGotIt.load(); }, 10.0));
+    EXPECT_TRUE(WaitUntil([&] { return bOtherGotIt.load(); }, 10s));
     other.join();
 }
 
@@ -148,7 +137,7 @@ TEST(ThreadJThreadTTest, StartWhileRunningIsRefusedAndKeepsTheFunction)
     EXPECT_NE(thread.StartThread(&worker, &Worker::Other, 2), 0);
 
     worker.bRelease = true;
-    ASSERT_TRUE(WaitFor([&] { return !thread.IsRunning(); }, 10.0));
+    ASSERT_TRUE(WaitUntil([&] { return !thread.IsRunning(); }, 10s));
     EXPECT_EQ(worker.nBlockedRuns, 1);
     EXPECT_EQ(worker.nOtherRuns, 0);
 
@@ -167,17 +156,17 @@ TEST(ThreadJThreadTTest, RestartsAfterFinishingWithTheNewFunction)
         JThreadT<Worker, void> thread;
         for (int i = 0; i < 3; ++i) {
             ASSERT_EQ(thread.StartThread(&worker, &Worker::Quick, 0), 0);
-            ASSERT_TRUE(WaitFor([&] { return !thread.IsRunning(); }, 10.0));
+            ASSERT_TRUE(WaitUntil([&] { return !thread.IsRunning(); }, 10s));
         }
         ASSERT_EQ(thread.StartThread(&worker, &Worker::Other, 0), 0);
         thread.EndThread(10);
     }
     EXPECT_EQ(worker.nQuickRuns, 3);
     EXPECT_EQ(worker.nOtherRuns, 1);
-    EXPECT_TRUE(WaitFor([&] { return CountThreads() == nBefore; }, 2.0)) << CountThreads();
+    EXPECT_TRUE(WaitUntil([&] { return CountThreads() == nBefore; }, 2s)) << CountThreads();
 }
 
-TEST(ThreadJThreadTTest, AFunctionThatOutlivesItsWaitIsKilled)
+TEST(ThreadJThreadTTest, AFunctionThatOutlivesItsWaitIsKilledAndCanRunAgain)
 {
     Worker worker;
     const int nBefore = CountThreads();
@@ -185,7 +174,7 @@ TEST(ThreadJThreadTTest, AFunctionThatOutlivesItsWaitIsKilled)
     {
         JThreadT<Worker, void> thread;
         ASSERT_EQ(thread.StartThread(&worker, &Worker::Stubborn, 0), 0);
-        ASSERT_TRUE(WaitFor([&] { return worker.bInside.load(); }, 10.0));
+        ASSERT_TRUE(WaitUntil([&] { return worker.bInside.load(); }, 10s));
         EXPECT_EQ(CountThreads(), nBefore + 1);
 
         const int kWait = 2;
@@ -199,22 +188,13 @@ TEST(ThreadJThreadTTest, AFunctionThatOutlivesItsWaitIsKilled)
         EXPECT_FALSE(thread.IsRunning());
         // Its stack was unwound: the locals' destructors ran.
         EXPECT_TRUE(worker.bUnwound);
+        // A killed thread starts again.
+        ASSERT_EQ(thread.StartThread(&worker, &Worker::Quick, 0), 0);
+        thread.EndThread(10);
+        EXPECT_EQ(worker.nQuickRuns, 1);
     }
-    EXPECT_TRUE(WaitFor([&] { return CountThreads() == nBefore; }, 2.0))
+    EXPECT_TRUE(WaitUntil([&] { return CountThreads() == nBefore; }, 2s))
         << CountThreads() << " threads, " << nBefore << " before";
-}
-
-TEST(ThreadJThreadTTest, KilledThreadCanBeStartedAgain)
-{
-    Worker worker;
-    JThreadT<Worker, void> thread;
-    ASSERT_EQ(thread.StartThread(&worker, &Worker::Stubborn, 0), 0);
-    ASSERT_TRUE(WaitFor([&] { return worker.bInside.load(); }, 10.0));
-    EXPECT_EQ(thread.Kill(), 0);
-    EXPECT_FALSE(thread.IsRunning());
-    ASSERT_EQ(thread.StartThread(&worker, &Worker::Quick, 0), 0);
-    thread.EndThread(10);
-    EXPECT_EQ(worker.nQuickRuns, 1);
 }
 
 TEST(ThreadJThreadTTest, AnExceptionEndsTheThreadNotTheProcess)
@@ -222,7 +202,7 @@ TEST(ThreadJThreadTTest, AnExceptionEndsTheThreadNotTheProcess)
     Worker worker;
     JThreadT<Worker, void> thread;
     ASSERT_EQ(thread.StartThread(&worker, &Worker::Throws, 0), 0);
-    EXPECT_TRUE(WaitFor([&] { return !thread.IsRunning(); }, 10.0));
+    EXPECT_TRUE(WaitUntil([&] { return !thread.IsRunning(); }, 10s));
     ASSERT_EQ(thread.StartThread(&worker, &Worker::Quick, 0), 0);
     thread.EndThread(10);
     EXPECT_EQ(worker.nQuickRuns, 1);

@@ -2,7 +2,6 @@
 // level filter, and whole delivery under concurrency.
 #include <gtest/gtest.h>
 
-#include <fcntl.h>
 #include <stdlib.h>
 #include <unistd.h>
 
@@ -17,6 +16,7 @@
 #include <thread>
 #include <vector>
 
+#include "ScopedEnv.h"
 #include "TraceSrv.h"
 #include "jthreadt.h"
 
@@ -78,14 +78,15 @@ TEST_F(TraceSinkTest, ConcurrentTracesAllArriveWhole)
 {
     const int kThreads = 4;
     const int kMessages = 250;
-    const std::string strPadding(300, '.');
+    const auto message = [](int t, int i) {
+        return "thread " + std::to_string(t) + " message " + std::to_string(i) + " " +
+               std::string(300, '.');
+    };
     std::vector<std::thread> threads;
     for (int t = 0; t < kThreads; ++t) {
-        threads.emplace_back([t, &strPadding] {
+        threads.emplace_back([t, &message] {
             for (int i = 0; i < kMessages; ++i) {
-                const std::string strMessage = "thread " + std::to_string(t) + " message " +
-                                               std::to_string(i) + " " + strPadding;
-                TraceSrv_Trace(TL_WARN, "Worker", strMessage.c_str());
+                TraceSrv_Trace(TL_WARN, "Worker", message(t, i).c_str());
             }
         });
     }
@@ -100,9 +101,7 @@ TEST_F(TraceSinkTest, ConcurrentTracesAllArriveWhole)
     ASSERT_EQ(seen.size(), static_cast<size_t>(kThreads * kMessages));
     for (int t = 0; t < kThreads; ++t) {
         for (int i = 0; i < kMessages; ++i) {
-            const std::string strMessage = "thread " + std::to_string(t) + " message " +
-                                           std::to_string(i) + " " + strPadding;
-            EXPECT_EQ(seen[strMessage], 1) << strMessage.substr(0, 30);
+            EXPECT_EQ(seen[message(t, i)], 1) << t << "/" << i;
         }
     }
 }
@@ -220,33 +219,21 @@ private:
     std::string m_strPath;
 };
 
+// The default sink, reading NETSRV_TRACE_LEVEL set (or unset) for one test.
 class ScopedTraceLevel {
 public:
-    explicit ScopedTraceLevel(const char* pszLevel)
+    explicit ScopedTraceLevel(const char* pszLevel) : m_env("NETSRV_TRACE_LEVEL", pszLevel)
     {
-        const char* pszOld = getenv("NETSRV_TRACE_LEVEL");
-        m_bHad = pszOld != nullptr;
-        m_strOld = m_bHad ? pszOld : "";
-        if (pszLevel != nullptr) {
-            setenv("NETSRV_TRACE_LEVEL", pszLevel, 1);
-        } else {
-            unsetenv("NETSRV_TRACE_LEVEL");
-        }
-        TraceSrv_SetSink(nullptr, nullptr);  // the default sink reads the level again
+        TraceSrv_SetSink(nullptr, nullptr);
     }
     ~ScopedTraceLevel()
     {
-        if (m_bHad) {
-            setenv("NETSRV_TRACE_LEVEL", m_strOld.c_str(), 1);
-        } else {
-            unsetenv("NETSRV_TRACE_LEVEL");
-        }
+        m_env.Restore();
         TraceSrv_SetSink(nullptr, nullptr);
     }
 
 private:
-    bool m_bHad;
-    std::string m_strOld;
+    testkit::ScopedEnv m_env;
 };
 
 TEST(TraceDefaultSinkTest, NullRestoresStderrFilteredByLevel)
