@@ -249,10 +249,7 @@ bool CAtProcessor::Open(std::string* pError)
             std::lock_guard<std::mutex> write(m_writeMutex);
             m_port.Close();
         }
-        ::close(m_wakeRead);
-        ::close(m_wakeWrite);
-        m_wakeRead = -1;
-        m_wakeWrite = -1;
+        CloseWakePipe();
         {
             std::lock_guard<std::mutex> lock(m_mutex);
             m_bStarted = false;
@@ -311,10 +308,7 @@ void CAtProcessor::Close()
     if (m_dispatcher.joinable()) {
         m_dispatcher.join();
     }
-    ::close(m_wakeRead);
-    ::close(m_wakeWrite);
-    m_wakeRead = -1;
-    m_wakeWrite = -1;
+    CloseWakePipe();
     {
         std::lock_guard<std::mutex> lock(m_mutex);
         m_bStarted = false;
@@ -766,6 +760,14 @@ bool CAtProcessor::ExecuteCmdNoResponse(ICommand* pCmd, unsigned long* pdwError,
         Pending cmd;
         return RunObject(pCmd, true, ulTimeoutMs, pdwError, cmd);
     });
+}
+
+void CAtProcessor::CloseWakePipe()
+{
+    ::close(m_wakeRead);
+    ::close(m_wakeWrite);
+    m_wakeRead = -1;
+    m_wakeWrite = -1;
 }
 
 // ---- reader thread ----------------------------------------------------------

@@ -135,6 +135,8 @@ private:
 
     bool Run(const std::string& line, Pending& cmd, unsigned long ulTimeoutMs,
              unsigned long* pdwError);
+    // Closes the pipe that wakes the reader thread (after it was joined).
+    void CloseWakePipe();
     // Formats a command object and runs it; its answer lines land in cmd.
     bool RunObject(ICommand* pCmd, bool bRouteInfo, unsigned long ulTimeoutMs,
                    unsigned long* pdwError, Pending& cmd);
