@@ -158,6 +158,25 @@ public:
 private:
     // Body of the report thread: one queued report every 200 ms until stopped.
     void ATCallbackThread();
+    // Body of the domain-check thread: one fresh system-information reading,
+    // whose change reports reach the clients through the report queue.
+    void DomainChangedCallback();
+
+    // The two system-information reads; both hold m_LockSysInfo throughout and
+    // queue a synthetic report when the domain or the service status changed.
+    // "^SYSINFOEX", served from m_Sysinfo while it is younger than 5 seconds.
+    bool GetSystemInfoEx(NETSRV_DATA::SystemInfo& rSysInfo);
+    // "^SYSINFO", always from the modem; its modes are mapped to the Ex numbering.
+    bool GetSystemInfo(NETSRV_DATA::SystemInfo& rSysInfo);
+
+    // One "^HCSQ" reading: every line the modem gave, by its system.
+    bool SRVGetHCSQInfo(NETSRV_DATA::HCSQ_INFO* pHCSQInfo);
+    // The signal-bar percentage by radio; each falls back to older commands
+    // when "^HCSQ" fails.
+    bool GetCurrentLteSignalPer(int& iPer);
+    bool GetCurrentTDSignalPer(int& iPer);
+    bool GetCurrentGWSignalPer(int& iPer);
+    bool GetCurrentCDMAMODESignalPer(int& iPer);
 
     // The execute-and-wait road: runs a command with its response object and a
     // time-out; a failure's code becomes the service's last error and is written
