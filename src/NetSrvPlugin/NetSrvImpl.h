@@ -152,6 +152,10 @@ public:
     // Queues a report that the service made itself for the report thread.
     void ReportAtCallBackEvent(Command& cmd);
 
+    // One "^HCSQ" reading: every line the modem gave, by its system. Not part
+    // of INetSrv; the signal queries share it.
+    bool SRVGetHCSQInfo(NETSRV_DATA::HCSQ_INFO* pHCSQInfo);
+
     // True while the service is subscribed with the AT processor.
     bool IsRegisteredWithProcessor() const { return m_bRegATSuccess; }
 
@@ -169,8 +173,6 @@ private:
     // "^SYSINFO", always from the modem; its modes are mapped to the Ex numbering.
     bool GetSystemInfo(NETSRV_DATA::SystemInfo& rSysInfo);
 
-    // One "^HCSQ" reading: every line the modem gave, by its system.
-    bool SRVGetHCSQInfo(NETSRV_DATA::HCSQ_INFO* pHCSQInfo);
     // The signal-bar percentage by radio; each falls back to older commands
     // when "^HCSQ" fails.
     bool GetCurrentLteSignalPer(int& iPer);
