@@ -1,72 +1,317 @@
-// Service status, system mode, roaming and domain, from the system information.
+// Service status, system mode, roaming and domain: the service's view of where
+// the modem is camped, held in one cached record (m_Sysinfo). "^SYSINFOEX" is
+// preferred; a modem without it is read with "^SYSINFO", whose modes are mapped
+// to the Ex numbering, so that everything handed out is in one numbering.
 //
-// Not answered yet by this build: each operation traces that it is not
-// available and fails, so that a caller sees a clear refusal rather than
-// a made-up value.
+// A reading that sees the domain or the service status change queues a report
+// of its own (as if the modem had sent "^SYSINFO" or "^SRVST"): many modems
+// send neither when they move, and clients must still hear of it.
 
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+#include "NetSrvAtCommonds.h"
 #include "NetSrvImpl.h"
+#include "NetSrvModeMap.h"
 #include "NetSrvTrace.h"
+#include "isapuguard.h"
 
-bool CNetSrvImpl::SRVGetSrvStatus(NETSRV_DATA::SysSrvStatus* penSrvStatus, unsigned long* pdwStatus)
+using namespace NETSRV_DATA;
+
+namespace {
+
+const unsigned long kCommandTimeoutMs = 30000;
+// The processor's code for a command that the modem does not know.
+const unsigned long kErrorNotSupported = 4;
+
+int32_t NumberOf(NUMERIC& value)
 {
-    (void)penSrvStatus;
-    (void)pdwStatus;
-    NetSrvTrace(TL_ERRO, "SRVGetSrvStatus: not available in this build");
-    return false;
+    return static_cast<int32_t>(value.GetNumValue());
 }
 
-bool CNetSrvImpl::SRVSetSrvStatus(NETSRV_DATA::SysSrvStatus enSrvStatus, unsigned long* pdwStatus)
+// A mode name of the reply into a 64-byte field: at most 63 characters, then
+// zeros to the end.
+void CopyModeName(char (&szName)[64], const std::string& strText)
 {
-    (void)enSrvStatus;
-    (void)pdwStatus;
-    NetSrvTrace(TL_ERRO, "SRVSetSrvStatus: not available in this build");
-    return false;
+    std::memset(szName, 0, sizeof(szName));
+    const std::size_t nLength = strText.size() < sizeof(szName) ? strText.size()
+                                                                : sizeof(szName) - 1;
+    std::memcpy(szName, strText.data(), nLength);
 }
 
-bool CNetSrvImpl::SRVGetSystemMode(NETSRV_DATA::SystemMode* penSysMode, unsigned long* pdwStatus)
+// A report of table row uIndex, carrying these field texts.
+Command MakeReport(unsigned long uIndex, const ParamList& params)
 {
-    (void)penSysMode;
-    (void)pdwStatus;
-    NetSrvTrace(TL_ERRO, "SRVGetSystemMode: not available in this build");
-    return false;
+    Command report;
+    report.index = uIndex;
+    report.name = _GetCmdName(uIndex);
+    report.type = _GetCmdType(uIndex);
+    report.params = params;
+    return report;
+}
+
+}  // namespace
+
+bool CNetSrvImpl::GetSystemInfoEx(SystemInfo& rSysInfo)
+{
+    NetSrvTrace(TL_INFO, "GetSystemInfoEx: Enter!");
+    CISAPUGuard<JMutex> guard(m_LockSysInfo);
+
+    // An all-zero cache was never filled (or the modem had nothing): it is
+    // never served, whatever the clock says.
+    const bool bRefresh = IsGetSystemInfo();
+    const bool bCacheFilled = m_Sysinfo.dwSrvStatus != 0 || m_Sysinfo.dwSysMode != 0 ||
+                              m_Sysinfo.dwDomain != 0 || m_Sysinfo.dwRoam != 0 ||
+                              m_Sysinfo.dwSimState != 0;
+    if (!bRefresh && bCacheFilled) {
+        rSysInfo = m_Sysinfo;
+        NetSrvTrace(TL_INFO, "GetSystemInfoEx: Return m_Sysinfo Directely");
+        return true;
+    }
+
+    IProcessor* pProcessor = GetAtProcessor();
+    if (pProcessor == nullptr) {
+        NetSrvTrace(TL_ERRO, NETSRV_MSG_NO_PROCESSOR);
+        return false;
+    }
+
+    SystemInfoExCmd cmd;
+    SystemInfoExRsp rsp;
+    unsigned long dwError = 0;
+    // Nothing remembers a refusal: the modem may learn the command with new
+    // firmware, and asking costs one round trip.
+    if (!ExecuteWaitResponse(pProcessor, &cmd, &rsp, kCommandTimeoutMs, &dwError)) {
+        if (dwError == kErrorNotSupported) {
+            NetSrvTrace(TL_INFO, "GetSystemInfoEx , don't support SYSINFOEX command");
+        } else {
+            NetSrvTrace(TL_ERRO, "GetSystemInfoEx: Excues command SYSINFOEX ERROR");
+        }
+        return false;
+    }
+    NetSrvTrace(TL_INFO, "SRVGetSystemMode , support SYSINFOEX command and success");
+
+    const int32_t iSrvStatus = NumberOf(rsp.SrvStatus);
+    const int32_t iDomain = NumberOf(rsp.SrvDomain);
+    if (iDomain != m_Sysinfo.dwDomain) {
+        Command report = MakeReport(
+            INDEX_SYS_INFO,
+            {std::to_string(iSrvStatus), std::to_string(iDomain),
+             std::to_string(NumberOf(rsp.RoamStatus)), std::to_string(NumberOf(rsp.SysMode)),
+             std::to_string(NumberOf(rsp.SimState)), std::to_string(NumberOf(rsp.SubMode))});
+        NetSrvTrace(TL_INFO, "GetSystemInfoEx: AtCallBackEvent INDEX_SYS_INFO");
+        ReportAtCallBackEvent(report);
+    }
+    if (iSrvStatus != m_Sysinfo.dwSrvStatus) {
+        Command report = MakeReport(INDEX_SERV_IND, {std::to_string(iSrvStatus)});
+        NetSrvTrace(TL_INFO, "GetSystemInfoEx: AtCallBackEvent INDEX_SERV_IND");
+        ReportAtCallBackEvent(report);
+    }
+
+    NetSrvTrace(TL_INFO, "GetSystemInfoEx: Begin GetNumValue");
+    m_Sysinfo.dwSrvStatus = iSrvStatus;
+    m_Sysinfo.dwDomain = iDomain;
+    m_Sysinfo.dwRoam = NumberOf(rsp.RoamStatus);
+    m_Sysinfo.dwSimState = NumberOf(rsp.SimState);
+    m_Sysinfo.dwLockState = NumberOf(rsp.SimLockState);
+    m_Sysinfo.dwSysMode = NumberOf(rsp.SysMode);
+    m_Sysinfo.dwSubMode = NumberOf(rsp.SubMode);
+    CopyModeName(m_Sysinfo.szSysModeName, rsp.SysModeName.ToString());
+    CopyModeName(m_Sysinfo.szSubModeName, rsp.SubModeName.ToString());
+
+    rSysInfo = m_Sysinfo;
+    NetSrvTrace(TL_INFO, "GetSystemInfoEx: Finish memcpy and return true");
+    return true;
+}
+
+bool CNetSrvImpl::GetSystemInfo(SystemInfo& rSysInfo)
+{
+    CISAPUGuard<JMutex> guard(m_LockSysInfo);
+
+    IProcessor* pProcessor = GetAtProcessor();
+    if (pProcessor == nullptr) {
+        NetSrvTrace(TL_ERRO, NETSRV_MSG_NO_PROCESSOR);
+        return false;
+    }
+
+    SystemInfoCmd cmd;
+    SystemInfoRsp rsp;
+    unsigned long dwError = 0;
+    if (!ExecuteWaitResponse(pProcessor, &cmd, &rsp, kCommandTimeoutMs, &dwError)) {
+        NetSrvTrace(TL_ERRO, "GetSystemInfo: Execute AT command error");
+        return false;
+    }
+
+    const int32_t iSrvStatus = NumberOf(rsp.SrvStatus);
+    const int32_t iDomain = NumberOf(rsp.SrvDomain);
+    const std::string strSysMode = rsp.SysMode.ToString();
+    const std::string strSubMode = rsp.SubSysmode.ToString();
+    if (iDomain != m_Sysinfo.dwDomain) {
+        // The report carries the modem's own "^SYSINFO" numbers, as a real one would.
+        Command report = MakeReport(
+            INDEX_SYS_INFO,
+            {std::to_string(iSrvStatus), std::to_string(iDomain),
+             std::to_string(NumberOf(rsp.RoamStatus)), strSysMode,
+             std::to_string(NumberOf(rsp.SimState)), strSubMode});
+        NetSrvTrace(TL_INFO, "GetSystemInfo: AtCallBackEvent INDEX_SYS_INFO");
+        ReportAtCallBackEvent(report);
+    }
+    if (iSrvStatus != m_Sysinfo.dwSrvStatus) {
+        Command report = MakeReport(INDEX_SERV_IND, {std::to_string(iSrvStatus)});
+        NetSrvTrace(TL_INFO, "GetSystemInfo: AtCallBackEvent INDEX_SERV_IND");
+        ReportAtCallBackEvent(report);
+    }
+
+    NetSrvTrace(TL_INFO, "GetSystemInfo: Begin GetNumValue");
+    m_Sysinfo.dwSrvStatus = iSrvStatus;
+    m_Sysinfo.dwDomain = iDomain;
+    m_Sysinfo.dwRoam = NumberOf(rsp.RoamStatus);
+    m_Sysinfo.dwSimState = NumberOf(rsp.SimState);
+    // "^SYSINFO" has no mode names; the lock state it carries is not trusted
+    // (older modems leave the field out), so the last "^SYSINFOEX" value stays.
+    std::memset(m_Sysinfo.szSysModeName, 0, sizeof(m_Sysinfo.szSysModeName));
+    std::memset(m_Sysinfo.szSubModeName, 0, sizeof(m_Sysinfo.szSubModeName));
+
+    const int iSysMode = std::atoi(strSysMode.c_str());
+    m_Sysinfo.dwSysMode = MapOldSysModeToExSysMode(iSysMode);
+    m_Sysinfo.dwSubMode = strSubMode.empty()
+                              ? MapOldSysModeToExSubMode(iSysMode)
+                              : MapOldSubModeToExSubMode(iSysMode, std::atoi(strSubMode.c_str()));
+
+    rSysInfo = m_Sysinfo;
+    NetSrvTrace(TL_INFO, "GetSystemInfo: end");
+    return true;
+}
+
+bool CNetSrvImpl::SRVGetSystemInfo(SystemInfo& rSysInfo)
+{
+    return GetSystemInfo(rSysInfo);
+}
+
+bool CNetSrvImpl::SRVGetSystemInfoEx(SystemInfo& rSysInfo)
+{
+    NetSrvTrace(TL_INFO, "SRVGetSystemInfoEx: Enter!");
+    if (GetSystemInfoEx(rSysInfo)) {
+        return true;
+    }
+    return GetSystemInfo(rSysInfo);
+}
+
+namespace {
+
+// The null-pointer rule of the getters: without an error word nothing can be
+// said; without an output the caller hears "bad parameter".
+bool OutputsUsable(const void* pOutput, unsigned long* pdwStatus)
+{
+    if (pdwStatus == nullptr) {
+        return false;
+    }
+    if (pOutput == nullptr) {
+        *pdwStatus = NETSRV_ERROR_BAD_PARAM;
+        return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+bool CNetSrvImpl::SRVGetSrvStatus(SysSrvStatus* penSrvStatus, unsigned long* pdwStatus)
+{
+    if (!OutputsUsable(penSrvStatus, pdwStatus)) {
+        return false;
+    }
+    SystemInfo info;
+    if (!SRVGetSystemInfoEx(info)) {
+        *pdwStatus = static_cast<unsigned long>(GetLastError());
+        NetSrvTrace(TL_ERRO, "SRVGetSrvStatus: get srvice status error");
+        return false;
+    }
+    *penSrvStatus = static_cast<SysSrvStatus>(info.dwSrvStatus);
+    return true;
+}
+
+bool CNetSrvImpl::SRVGetSystemMode(SystemMode* penSysMode, unsigned long* pdwStatus)
+{
+    if (!OutputsUsable(penSysMode, pdwStatus)) {
+        return false;
+    }
+    // Never fails: a modem that cannot be read is "no service" (0). The value
+    // is a SystemModeEx number although the pointer says SystemMode; callers
+    // compare against the Ex numbering.
+    SystemInfo info;
+    SRVGetSystemInfoEx(info);
+    *penSysMode = static_cast<SystemMode>(info.dwSysMode);
+    return true;
 }
 
 bool CNetSrvImpl::SRVGetRoamStatus(unsigned long* pdwRoam, unsigned long* pdwStatus)
 {
-    (void)pdwRoam;
-    (void)pdwStatus;
-    NetSrvTrace(TL_ERRO, "SRVGetRoamStatus: not available in this build");
-    return false;
+    if (!OutputsUsable(pdwRoam, pdwStatus)) {
+        return false;
+    }
+    SystemInfo info;
+    if (!SRVGetSystemInfoEx(info)) {
+        *pdwStatus = static_cast<unsigned long>(GetLastError());
+        NetSrvTrace(TL_ERRO, "SRVGetRoamStatus error");
+        return false;
+    }
+    *pdwRoam = static_cast<unsigned long>(info.dwRoam);
+    NetSrvTrace(TL_ERRO, "SRVGetRoamStatus success");
+    return true;
 }
 
 bool CNetSrvImpl::SRVGetSrvDomain(unsigned long* pdwDomain, unsigned long* pdwStatus)
 {
-    (void)pdwDomain;
-    (void)pdwStatus;
-    NetSrvTrace(TL_ERRO, "SRVGetSrvDomain: not available in this build");
-    return false;
+    if (!OutputsUsable(pdwDomain, pdwStatus)) {
+        return false;
+    }
+    SystemInfo info;
+    if (!SRVGetSystemInfoEx(info)) {
+        *pdwStatus = static_cast<unsigned long>(GetLastError());
+        return false;
+    }
+    *pdwDomain = static_cast<unsigned long>(info.dwDomain);
+    return true;
 }
 
-bool CNetSrvImpl::SRVGetSysInfo(NETSRV_DATA::SysSrvStatus* penSrvStatus, NETSRV_DATA::SystemMode* penSysMode, NETSRV_DATA::RoamStatus* penRoam, unsigned long* pdwStatus)
+bool CNetSrvImpl::SRVGetSysInfo(SysSrvStatus* penSrvStatus, SystemMode* penSysMode,
+                                RoamStatus* penRoam, unsigned long* pdwStatus)
 {
-    (void)penSrvStatus;
-    (void)penSysMode;
-    (void)penRoam;
-    (void)pdwStatus;
-    NetSrvTrace(TL_ERRO, "SRVGetSysInfo: not available in this build");
-    return false;
+    if (!OutputsUsable(penSrvStatus, pdwStatus) || !OutputsUsable(penSysMode, pdwStatus) ||
+        !OutputsUsable(penRoam, pdwStatus)) {
+        return false;
+    }
+    // Always from the modem: this is the query of callers that want the
+    // reading of this moment, not the cache.
+    SystemInfo info;
+    if (!GetSystemInfo(info)) {
+        *pdwStatus = static_cast<unsigned long>(GetLastError());
+        return false;
+    }
+    *penSrvStatus = static_cast<SysSrvStatus>(info.dwSrvStatus);
+    *penSysMode = static_cast<SystemMode>(info.dwSysMode);
+    *penRoam = static_cast<RoamStatus>(info.dwRoam);
+    return true;
 }
 
-bool CNetSrvImpl::SRVGetSystemInfo(NETSRV_DATA::SystemInfo& rSysInfo)
+bool CNetSrvImpl::SRVSetSrvStatus(SysSrvStatus enSrvStatus, unsigned long* pdwStatus)
 {
-    (void)rSysInfo;
-    NetSrvTrace(TL_ERRO, "SRVGetSystemInfo: not available in this build");
-    return false;
-}
-
-bool CNetSrvImpl::SRVGetSystemInfoEx(NETSRV_DATA::SystemInfo& rSysInfo)
-{
-    (void)rSysInfo;
-    NetSrvTrace(TL_ERRO, "SRVGetSystemInfoEx: not available in this build");
-    return false;
+    if (pdwStatus == nullptr) {
+        return false;
+    }
+    IProcessor* pProcessor = GetAtProcessor();
+    if (pProcessor == nullptr) {
+        NetSrvTrace(TL_ERRO, NETSRV_MSG_NO_PROCESSOR);
+        return false;
+    }
+    // "AT^REGISTER=0" leaves the network; any other status asks to register.
+    NetRegistControlCmd cmd;
+    cmd.ControlVal = uint64{enSrvStatus == SYS_SRV_STATUS_NO_SRV ? 0u : 1u};
+    unsigned long dwError = 0;
+    if (!pProcessor->ExecuteCmdNoResponse(&cmd, &dwError, kCommandTimeoutMs)) {
+        m_dwLastError = dwError;
+        *pdwStatus = static_cast<unsigned long>(GetLastError());
+        return false;
+    }
+    return true;
 }

@@ -3,10 +3,7 @@
 // real modems gave and on the untidy input that the line can carry.
 #include <gtest/gtest.h>
 
-#include <nlohmann/json.hpp>
-
 #include <cctype>
-#include <fstream>
 #include <map>
 #include <string>
 #include <vector>
@@ -15,6 +12,7 @@
 #include "AtFormat.h"
 #include "LineClassifier.h"
 #include "LineFramer.h"
+#include "ModemAnswers.h"
 #include "NetSrvAtCommonds.h"
 #include "ResponseFill.h"
 
@@ -22,30 +20,8 @@ namespace {
 
 using Fields = std::vector<std::string>;
 using host::LineKind;
-
-struct ModemAnswer {
-    std::string id;
-    std::string command;   // as sent: "+CRSM=176,28486,0,0,17", "+COPS=3,2;+COPS?"
-    std::string kind;      // response, test-response, urc, field
-    std::string raw;       // exactly as the modem sent it
-};
-
-std::vector<ModemAnswer> LoadModemAnswers()
-{
-    const std::string path = std::string(NETSRV_FIXTURES_DIR) + "/modem-answers.json";
-    std::ifstream in(path);
-    if (!in) {
-        ADD_FAILURE() << "cannot read " << path;
-        return {};
-    }
-    const nlohmann::json doc = nlohmann::json::parse(in);
-    std::vector<ModemAnswer> answers;
-    for (const auto& entry : doc) {
-        answers.push_back({entry.at("id").get<std::string>(), entry.at("command").get<std::string>(),
-                           entry.at("kind").get<std::string>(), entry.at("raw").get<std::string>()});
-    }
-    return answers;
-}
+using testkit::LoadModemAnswers;
+using testkit::ModemAnswer;
 
 // The AT name of what was sent: "+COPS=3,2;+COPS?" -> "+COPS", "^SYSCFG=?" -> "^SYSCFG".
 std::string CommandName(std::string command)

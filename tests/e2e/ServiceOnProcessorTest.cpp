@@ -1,0 +1,147 @@
+// The service on the real AT processor, with a modem on a pseudo-terminal that
+// gives the system-information and signal answers that real modems gave: each
+// answer must come out as the record the service hands to its clients.
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "AtProcessor.h"
+#include "FakePluginHost.h"
+#include "Interface/IDeviceMgrEvent.h"
+#include "ModemAnswers.h"
+#include "NetSrvImpl.h"
+#include "NetSrvPlugin.h"
+#include "ScriptedModem.h"
+#include "TraceRecorder.h"
+
+namespace {
+
+using testkit::ModemAnswerById;
+using testkit::ScriptedModem;
+
+// The answer line as the modem framed it, then OK.
+std::string Framed(const std::string& raw)
+{
+    std::string line = raw;
+    while (!line.empty() && (line.back() == '\r' || line.back() == '\n')) {
+        line.pop_back();
+    }
+    return "\r\n" + line + "\r\n\r\nOK\r\n";
+}
+
+class ServiceOnProcessor : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_FALSE(modem.Path().empty());
+        processor = std::make_unique<host::CAtProcessor>(modem.Path());
+        std::string error;
+        ASSERT_TRUE(processor->Open(&error)) << error;
+        container.Register(IPROCESSOR_INTERFACE_ID, IPROCESSOR_INTERFACE_NO,
+                           static_cast<IProcessor*>(processor.get()));
+        plugin.SetPluginContainer(&container);
+        IBaseInterface* pInterface = nullptr;
+        ASSERT_TRUE(plugin.QueryInterface(INETSRV_INTERFACE_NO, &pInterface));
+        service = static_cast<CNetSrvImpl*>(static_cast<INetSrv*>(pInterface));
+    }
+
+    void TearDown() override
+    {
+        plugin.OnDestroy();
+        processor->Close();
+    }
+
+    // The modem answers this command line with the fixture answer of this id.
+    void AnswerWith(const std::string& line, const std::string& id)
+    {
+        modem.SetAnswer(testkit::AnswerTable({{line, Framed(ModemAnswerById(answers, id).raw)}}));
+    }
+
+    testkit::TraceRecorder traces;   // keeps the service's traces off the output
+    const std::vector<testkit::ModemAnswer> answers = testkit::LoadModemAnswers();
+    ScriptedModem modem;
+    std::unique_ptr<host::CAtProcessor> processor;
+    testkit::FakeContainer container;
+    CNetSrvPlugin plugin;
+    CNetSrvImpl* service = nullptr;
+};
+
+TEST_F(ServiceOnProcessor, SysinfoAnswersBecomeExNumbers)
+{
+    struct Row {
+        const char* id;
+        int subMode;   // GSM/GPRS (3): GPRS unless the sub-mode field says otherwise
+    };
+    const Row rows[] = {{"sysinfo-1", 2}, {"sysinfo-2", 2}, {"sysinfo-3", 2}, {"sysinfo-4", 0}};
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.id);
+        AnswerWith("AT^SYSINFO", row.id);
+        NETSRV_DATA::SystemInfo info;
+        ASSERT_TRUE(service->SRVGetSystemInfo(info));
+        EXPECT_EQ(info.dwSrvStatus, 2);
+        EXPECT_EQ(info.dwDomain, 4);
+        EXPECT_EQ(info.dwRoam, 5);
+        EXPECT_EQ(info.dwSimState, 1);
+        EXPECT_EQ(info.dwSysMode, NETSRV_DATA::SYS_MODE_GSM_EX);
+        EXPECT_EQ(info.dwSubMode, row.subMode);
+        EXPECT_STREQ(info.szSysModeName, "");
+    }
+}
+
+TEST_F(ServiceOnProcessor, SysinfoExAnswersWithAndWithoutQuotes)
+{
+    for (const char* id : {"sysinfoex-1", "sysinfoex-2"}) {
+        SCOPED_TRACE(id);
+        AnswerWith("AT^SYSINFOEX", id);
+        // A lost device makes the read go to the modem again.
+        service->OnDeviceMgrEvent(IDeviceMgrEvent::EVENT_DEVICE_REJECT, nullptr);
+        NETSRV_DATA::SystemInfo info;
+        ASSERT_TRUE(service->SRVGetSystemInfoEx(info));
+        EXPECT_EQ(info.dwSrvStatus, 2);
+        EXPECT_EQ(info.dwDomain, 4);
+        EXPECT_EQ(info.dwRoam, 5);
+        EXPECT_EQ(info.dwSimState, 1);
+        EXPECT_EQ(info.dwLockState, 0);
+        EXPECT_EQ(info.dwSysMode, NETSRV_DATA::SYS_MODE_WCDMA_EX);
+        EXPECT_EQ(info.dwSubMode, NETSRV_DATA::SUB_MODE_WCDMA_EX);
+        EXPECT_STREQ(info.szSysModeName, "WCDMA");
+        EXPECT_STREQ(info.szSubModeName, "HSPA+");
+    }
+}
+
+TEST_F(ServiceOnProcessor, HcsqAnswersFillTheirRadio)
+{
+    {
+        AnswerWith("AT^HCSQ?", "hcsq-1");
+        NETSRV_DATA::HCSQ_INFO info;
+        ASSERT_TRUE(service->SRVGetHCSQInfo(&info));
+        EXPECT_TRUE(info.bService);
+        EXPECT_TRUE(info.pstLTE->bUsed);
+        EXPECT_EQ(info.pstLTE->iRssi, 30);
+        EXPECT_EQ(info.pstLTE->iRsrp, 19);
+        EXPECT_EQ(info.pstLTE->iSinr, 66);
+        EXPECT_EQ(info.pstLTE->iRsrq, 0);
+        EXPECT_FALSE(info.pstGSM->bUsed);
+    }
+    {
+        AnswerWith("AT^HCSQ?", "hcsq-2");
+        NETSRV_DATA::HCSQ_INFO info;
+        ASSERT_TRUE(service->SRVGetHCSQInfo(&info));
+        EXPECT_TRUE(info.bService);
+        EXPECT_TRUE(info.pstGSM->bUsed);
+        EXPECT_EQ(info.pstGSM->iRssi, 36);
+        EXPECT_FALSE(info.pstLTE->bUsed);
+    }
+    {
+        AnswerWith("AT^HCSQ?", "hcsq-3");
+        NETSRV_DATA::HCSQ_INFO info;
+        ASSERT_TRUE(service->SRVGetHCSQInfo(&info));
+        EXPECT_FALSE(info.bService);
+        EXPECT_FALSE(info.pstGSM->bUsed);
+        EXPECT_FALSE(info.pstLTE->bUsed);
+    }
+}
+
+}  // namespace
