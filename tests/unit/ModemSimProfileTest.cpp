@@ -167,9 +167,9 @@ TEST(ModemSimProfileTest, MalformedProfilesAreRejectedWithOneLineNamingFileField
          "t.json: timeline[0].send: invalid value \"^RSSI:2\\x0d\": expected 1 to 2048 "
          "printable bytes (no line breaks)"},
         {"two actions", "/timeline/0/fault", "\"garbage\"",
-         "t.json: timeline[0]: expected exactly one of send, set, fault (found 2)"},
+         "t.json: timeline[0]: expected exactly one of send, set, report, fault (found 2)"},
         {"no action", "/timeline/0", "{\"at_ms\": 5}",
-         "t.json: timeline[0]: expected exactly one of send, set, fault (found 0)"},
+         "t.json: timeline[0]: expected exactly one of send, set, report, fault (found 0)"},
         {"missing time", "/timeline/0", "{\"send\": \"OK\"}",
          "t.json: timeline[0].at_ms: missing required field"},
         {"fault name", "/timeline/0", "{\"at_ms\": 5, \"fault\": \"loud\"}",

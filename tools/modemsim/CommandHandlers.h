@@ -1,5 +1,7 @@
 // The handlers of the command table, one group per file: general commands
-// (GeneralCommands.cpp), network configuration (ConfigCommands.cpp).
+// (GeneralCommands.cpp), network configuration (ConfigCommands.cpp), system
+// information and registration (NetworkStateCommands.cpp), signal readings
+// (SignalCommands.cpp).
 #ifndef MODEMSIM_COMMANDHANDLERS_H
 #define MODEMSIM_COMMANDHANDLERS_H
 
@@ -22,6 +24,22 @@ Reply HandleSyscfgexRead(const Profile& profile, ModemState& state, const AtRequ
 Reply HandleSyscfgexTest(const Profile& profile, ModemState& state, const AtRequest& request);
 Reply HandleSysconfigRead(const Profile& profile, ModemState& state, const AtRequest& request);
 Reply HandleSysconfigTest(const Profile& profile, ModemState& state, const AtRequest& request);
+
+// System information and registration
+Reply HandleSysinfoexBare(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleSysinfoBare(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleRegisterSet(const Profile& profile, ModemState& state, const AtRequest& request);
+
+// Signal readings
+Reply HandleCsqBare(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleCsqTest(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleHcsqRead(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleCsnrRead(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleAnqueryRead(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleLteRsrpRead(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleLteScInfoRead(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleCsqlvlBare(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleHdrcsqlvlBare(const Profile& profile, ModemState& state, const AtRequest& request);
 
 }  // namespace modemsim
 

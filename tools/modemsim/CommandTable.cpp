@@ -53,6 +53,18 @@ const std::vector<CommandRow>& CommandRows()
         {"^SYSCFGEX", AtForm::Test, HandleSyscfgexTest},
         {"^SYSCONFIG", AtForm::Read, HandleSysconfigRead},
         {"^SYSCONFIG", AtForm::Test, HandleSysconfigTest},
+        {"^SYSINFOEX", AtForm::Bare, HandleSysinfoexBare},
+        {"^SYSINFO", AtForm::Bare, HandleSysinfoBare},
+        {"^REGISTER", AtForm::Set, HandleRegisterSet},
+        {"+CSQ", AtForm::Bare, HandleCsqBare},
+        {"+CSQ", AtForm::Test, HandleCsqTest},
+        {"^HCSQ", AtForm::Read, HandleHcsqRead},
+        {"^CSNR", AtForm::Read, HandleCsnrRead},
+        {"^ANQUERY", AtForm::Read, HandleAnqueryRead},
+        {"^LTERSRP", AtForm::Read, HandleLteRsrpRead},
+        {"^LTESCINFO", AtForm::Read, HandleLteScInfoRead},
+        {"^CSQLVL", AtForm::Bare, HandleCsqlvlBare},
+        {"^HDRCSQLVL", AtForm::Bare, HandleHdrcsqlvlBare},
     };
     return rows;
 }

@@ -24,13 +24,31 @@ enum class FaultAction {
     Restore      // a fresh port appears
 };
 
+// The unsolicited reports the modem prints from its state (UnsolicitedReports.h
+// renders them).
+enum class ReportKind {
+    Rssi,            // "^RSSI:22"
+    RssiLevel,       // "^RSSILVL:60"
+    HdrRssiLevel,    // "^HRSSILVL:60"
+    AntennaLevel,    // "^ANLEVEL:-88,-9,17,3"
+    ServiceStatus,   // "^SRVST:2"
+    Mode,            // "^MODE:5,9"
+    Creg,            // "+CREG: 1,"84CD","00D30156""
+    Cgreg,           // "+CGREG: 1,"84CD","00D30156""
+    Hcsq,            // "^HCSQ:"LTE",52,46,191,22"
+    SimRefresh,      // "^SIMREFRESH:0"
+    PnnFileRefresh   // "^PNNFILEREFRESH"
+};
+
 // At atMs after start (and every repeatMs after that when it is not 0) exactly
-// one of: send a line, change the state, throw a fault switch.
+// one of: send a line, change the state, send a report built from the state,
+// throw a fault switch.
 struct TimelineEvent {
     uint32_t atMs = 0;
     uint32_t repeatMs = 0;
     std::string send;
     std::string setPatch;     // JSON merge patch over the state, compact text
+    std::optional<ReportKind> report;
     std::optional<FaultAction> fault;
 };
 

@@ -62,6 +62,7 @@ struct SimState {
     SpnFiles spn;
     std::vector<PnnRecord> pnn;
     std::vector<OplRecord> opl;
+    int32_t refreshFileType = 0;   // the file type a ^SIMREFRESH report names
 };
 
 // System and sub-mode as both system-information commands report them.
@@ -166,7 +167,7 @@ struct LteScInfo {
 };
 
 struct SignalState {
-    CsqValues csq;                    // +CSQ, and the level of ^RSSI reports
+    CsqValues csq;                    // +CSQ as printed (TD-SCDMA: 100..191), ^RSSI
     std::vector<HcsqLine> hcsq = {HcsqLine{}};
     CsnrValues csnr;
     AntennaValues antenna;            // ^ANQUERY? and ^ANLEVEL

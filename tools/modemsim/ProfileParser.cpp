@@ -48,9 +48,9 @@ bool CheckTimeline(const Profile& profile, std::string* pProblem)
         const TimelineEvent& event = profile.timeline[i];
         const std::string path = IndexPath("timeline", i);
         const int actions = (event.send.empty() ? 0 : 1) + (event.setPatch.empty() ? 0 : 1) +
-                            (event.fault ? 1 : 0);
+                            (event.report ? 1 : 0) + (event.fault ? 1 : 0);
         if (actions != 1) {
-            *pProblem = path + ": expected exactly one of send, set, fault (found " +
+            *pProblem = path + ": expected exactly one of send, set, report, fault (found " +
                         std::to_string(actions) + ")";
             return false;
         }

@@ -11,6 +11,7 @@
 #include "ModemProfile.h"
 #include "ProfileRules.h"
 #include "SchemaVisitors.h"
+#include "UnsolicitedReports.h"
 
 namespace modemsim {
 
@@ -76,6 +77,7 @@ void Describe(V& v, SimState& x)
     v.Object("spn", x.spn, Need::Optional);
     v.List("pnn", x.pnn, kMaxRecords, Need::Optional);
     v.List("opl", x.opl, kMaxRecords, Need::Optional);
+    v.Number("refresh_file_type", x.refreshFileType, 0, 255, Need::Optional);
 }
 
 template <typename V>
@@ -300,6 +302,7 @@ void Describe(V& v, TimelineEvent& x)
     v.Number("repeat_ms", x.repeatMs, 0, kMaxTimelineMs, Need::Optional);
     v.Text("send", x.send, kLineRule, Need::Optional);
     v.RawObject("set", x.setPatch);
+    v.Choice("report", x.report, ReportChoices());
     v.Choice("fault", x.fault,
              std::vector<std::pair<const char*, FaultAction>>{
                  {"silent_on", FaultAction::SilentOn},

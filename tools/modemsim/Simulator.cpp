@@ -30,6 +30,7 @@
 #include "PtyPort.h"
 #include "StatePatch.h"
 #include "Timeline.h"
+#include "UnsolicitedReports.h"
 
 namespace modemsim {
 
@@ -270,6 +271,10 @@ struct Simulator::Impl {
                 Trace("!! state changed: " + event.setPatch);
             } else {
                 Trace("!! " + problem);
+            }
+        } else if (event.report) {
+            for (const std::string& line : RenderReport(*event.report, state)) {
+                Report(line);
             }
         } else if (event.fault) {
             switch (*event.fault) {

@@ -1,0 +1,340 @@
+// The simulated modem's system information, registration and signal answers
+// per shipped profile, the reports its timeline builds from the state, and
+// state changes showing up in what it says next.
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <string>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+#include "ModemEngine.h"
+#include "ModemSimulator.h"
+#include "StateLines.h"
+#include "StatePatch.h"
+#include "UnsolicitedReports.h"
+
+namespace {
+
+using modemsim::ModemState;
+using modemsim::Profile;
+using modemsim::ReportKind;
+
+Profile Shipped(const std::string& name)
+{
+    Profile profile;
+    std::string error;
+    EXPECT_TRUE(modemsim::LoadProfile(name, &profile, &error)) << error;
+    return profile;
+}
+
+// The answer's lines (information lines, then the final result) framed as
+// the modem frames them.
+std::string Framed(const std::vector<std::string>& lines)
+{
+    std::string text;
+    for (const std::string& line : lines) {
+        text += modemsim::FrameLine(line);
+    }
+    return text;
+}
+
+std::string Ask(const Profile& profile, ModemState& state, const std::string& line)
+{
+    return modemsim::AnswerCommandLine(profile, state, line).text;
+}
+
+TEST(ModemSimSignalTest, EachProfileAnswersAsItsKindOfModem)
+{
+    const char* const kNo = "COMMAND NOT SUPPORT";
+    const struct {
+        const char* profile;
+        const char* line;
+        std::vector<std::string> answer;
+    } rows[] = {
+        {"lte", "AT^SYSINFOEX", {"^SYSINFOEX: 2,3,0,1,0,6,\"LTE\",101,\"LTE\"", "OK"}},
+        {"lte", "AT^SYSINFO", {"^SYSINFO:2,3,0,17,1", "OK"}},
+        {"lte", "AT^HCSQ?", {"^HCSQ: \"LTE\",52,46,191,22", "OK"}},
+        {"lte", "AT+CSQ", {"+CSQ: 22,99", "OK"}},
+        {"lte", "AT+CSQ=?", {"+CSQ: (0-31,99),(0-7,99)", "OK"}},
+        {"lte", "AT^LTERSRP?", {"^LTERSRP: -95,-9", "OK"}},
+        {"lte", "AT^LTESCINFO?", {"^LTESCINFO: 301,18,2,5", "OK"}},
+        {"lte", "AT^ANQUERY?", {"^ANQUERY: -95,-9,22,4", "OK"}},
+        {"lte", "AT^CSNR?", {"^CSNR: -125,-32", "OK"}},
+        {"lte", "AT^CSQLVL", {kNo}},
+        {"lte", "AT^HDRCSQLVL", {kNo}},
+        // Only the forms the modem has.
+        {"lte", "AT^SYSINFOEX?", {kNo}},
+        {"wcdma", "AT^SYSINFO", {"^SYSINFO:2,3,0,5,1,,9", "OK"}},
+        {"wcdma", "AT+CSQ", {"+CSQ: 17,99", "OK"}},
+        {"wcdma", "AT^CSNR?", {"^CSNR: -88,-9", "OK"}},
+        {"wcdma", "AT^ANQUERY?", {"^ANQUERY: -88,-9,17,3", "OK"}},
+        {"wcdma", "AT^SYSINFOEX", {kNo}},
+        {"wcdma", "AT^HCSQ?", {kNo}},
+        {"wcdma", "AT^LTERSRP?", {kNo}},
+        {"tdscdma", "AT^SYSINFOEX", {"^SYSINFOEX: 2,3,0,1,0,4,\"TD-SCDMA\",64,\"HSPA\"", "OK"}},
+        {"tdscdma", "AT^SYSINFO", {"^SYSINFO:2,3,0,15,1,,7", "OK"}},
+        {"tdscdma", "AT^HCSQ?", {"^HCSQ: \"TD-SCDMA\",45,36,55", "OK"}},
+        {"tdscdma", "AT+CSQ", {"+CSQ: 140,99", "OK"}},
+        {"tdscdma", "AT+CSQ=?", {"+CSQ: (100-191,199),(0-7,99)", "OK"}},
+        {"tdscdma", "AT^CSNR?", {"^CSNR: -85,-5", "OK"}},
+        {"tdscdma", "AT^ANQUERY?", {"^ANQUERY: -85,-5,18,3", "OK"}},
+        {"tdscdma", "AT^LTERSRP?", {kNo}},
+        {"cdma", "AT^SYSINFO", {"^SYSINFO:2,2,0,8,1", "OK"}},
+        {"cdma", "AT+CSQ", {"+CSQ: 18,99", "OK"}},
+        {"cdma", "AT^CSQLVL", {"^CSQLVL: 60,99", "OK"}},
+        {"cdma", "AT^HDRCSQLVL", {"^HDRCSQLVL: 60", "OK"}},
+        {"cdma", "AT^SYSINFOEX", {kNo}},
+        {"cdma", "AT^HCSQ?", {kNo}},
+        {"cdma", "AT^CSNR?", {kNo}},
+        {"cdma", "AT^ANQUERY?", {kNo}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::string(row.profile) + " " + row.line);
+        const Profile profile = Shipped(row.profile);
+        ModemState state = profile.initial;
+        EXPECT_EQ(Ask(profile, state, row.line), Framed(row.answer));
+    }
+}
+
+TEST(ModemSimSignalTest, RegisterTakesTheModemOffTheNetworkAndBack)
+{
+    const Profile profile = Shipped("wcdma");
+    ModemState state = profile.initial;
+    const std::string ok = Framed({"OK"});
+
+    EXPECT_EQ(Ask(profile, state, "AT^REGISTER=0"), ok);
+    EXPECT_EQ(Ask(profile, state, "AT^SYSINFO"), Framed({"^SYSINFO:0,0,0,0,1,,0", "OK"}));
+    EXPECT_EQ(modemsim::RenderReport(ReportKind::Creg, state),
+              std::vector<std::string>{"+CREG: 0"});
+    EXPECT_FALSE(state.network.registered);
+    EXPECT_EQ(Ask(profile, state, "AT^REGISTER=0"), ok);
+
+    EXPECT_EQ(Ask(profile, state, "AT^REGISTER=1"), ok);
+    EXPECT_EQ(modemsim::StateToJson(state), modemsim::StateToJson(profile.initial));
+
+    // Registering a modem that has service changes nothing.
+    state.network.serviceDomain = 2;
+    EXPECT_EQ(Ask(profile, state, "AT^REGISTER=1"), ok);
+    EXPECT_EQ(state.network.serviceDomain, 2);
+
+    // An LTE modem off the network has no radio in use.
+    const Profile lte = Shipped("lte");
+    ModemState lteState = lte.initial;
+    EXPECT_EQ(Ask(lte, lteState, "AT^REGISTER=0;^SYSINFOEX;^HCSQ?"),
+              Framed({"^SYSINFOEX: 0,0,0,1,0,0,\"NO SERVICE\",0,\"NO SERVICE\"",
+                      "^HCSQ: \"NOSERVICE\"", "OK"}));
+
+    const struct {
+        const char* line;
+        const char* final;
+    } bad[] = {
+        {"AT^REGISTER=2", "ERROR"},
+        {"AT^REGISTER=", "ERROR"},
+        {"AT+CMEE=1;^REGISTER=1,0", "+CME ERROR: 50"},
+        {"AT+CMEE=2;^REGISTER=on", "+CME ERROR: Incorrect parameters"},
+    };
+    for (const auto& row : bad) {
+        SCOPED_TRACE(row.line);
+        ModemState fresh = profile.initial;
+        EXPECT_EQ(Ask(profile, fresh, row.line), Framed({row.final}));
+        EXPECT_EQ(fresh.network.serviceStatus, 2);
+    }
+}
+
+TEST(ModemSimSignalTest, ReportsAreBuiltFromTheState)
+{
+    const struct {
+        const char* profile;
+        ReportKind kind;
+        std::vector<std::string> lines;
+    } rows[] = {
+        {"lte", ReportKind::Cgreg, {"+CGREG: 1,\"CE00\",\"01CEAD8F\""}},
+        {"lte", ReportKind::Mode, {"^MODE:17"}},
+        {"lte", ReportKind::ServiceStatus, {"^SRVST:2"}},
+        {"lte", ReportKind::SimRefresh, {"^SIMREFRESH:0"}},
+        {"lte", ReportKind::PnnFileRefresh, {"^PNNFILEREFRESH"}},
+        {"tdscdma", ReportKind::Hcsq, {"^HCSQ:\"TD-SCDMA\",45,36,55"}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::string(row.profile) + " " + row.lines.front());
+        EXPECT_EQ(modemsim::RenderReport(row.kind, Shipped(row.profile).initial), row.lines);
+    }
+
+    // A hybrid modem reports each radio in use; registration without a known
+    // cell has no location, with an access technology it is appended.
+    ModemState state = Shipped("lte").initial;
+    state.signal.hcsq = {{"CDMA", {40, 20}}, {"EVDO", {35, 18, 120}}};
+    state.network.creg = {};
+    state.network.creg.stat = 1;
+    state.network.cgreg.act = 7;
+    state.sim.refreshFileType = 3;
+    EXPECT_EQ(modemsim::RenderReport(ReportKind::Hcsq, state),
+              (std::vector<std::string>{"^HCSQ:\"CDMA\",40,20", "^HCSQ:\"EVDO\",35,18,120"}));
+    EXPECT_EQ(modemsim::RenderReport(ReportKind::Creg, state),
+              std::vector<std::string>{"+CREG: 1"});
+    EXPECT_EQ(modemsim::RenderReport(ReportKind::Cgreg, state),
+              std::vector<std::string>{"+CGREG: 1,\"CE00\",\"01CEAD8F\",7"});
+    EXPECT_EQ(modemsim::RenderReport(ReportKind::SimRefresh, state),
+              std::vector<std::string>{"^SIMREFRESH:3"});
+    state.network.serviceStatus = 4;
+    EXPECT_EQ(modemsim::RenderReport(ReportKind::Hcsq, state),
+              std::vector<std::string>{"^HCSQ:\"NOSERVICE\""});
+
+    // TD-SCDMA steps (-116 dBm + 1 dB) on the +CSQ scale (-113 dBm + 2 dB).
+    const struct {
+        int32_t csq;
+        int32_t rssi;
+    } scale[] = {{100, 0}, {104, 0}, {105, 1}, {140, 18}, {165, 31}, {191, 31},
+                 {199, 99}, {0, 0}, {31, 31}, {99, 99}};
+    for (const auto& row : scale) {
+        EXPECT_EQ(modemsim::CsqScaleRssi(row.csq), row.rssi) << row.csq;
+    }
+
+    // Every name a profile may give has a report.
+    for (const auto& choice : modemsim::ReportChoices()) {
+        const std::vector<std::string> lines = modemsim::RenderReport(choice.second, state);
+        ASSERT_FALSE(lines.empty()) << choice.first;
+        EXPECT_EQ(lines.front().substr(0, lines.front().find(':')), choice.first);
+    }
+}
+
+TEST(ModemSimSignalTest, ShippedTimelinesReportEarlyThenPeriodically)
+{
+    const struct {
+        const char* profile;
+        std::vector<std::string> reports;   // in timeline order, from the initial state
+    } rows[] = {
+        {"lte", {"^RSSI:22", "^HCSQ:\"LTE\",52,46,191,22", "+CREG: 1,\"CE00\",\"01CEAD8F\""}},
+        {"wcdma", {"^RSSI:17", "^ANLEVEL:-88,-9,17,3", "^MODE:5,9",
+                   "+CREG: 1,\"84CD\",\"00D30156\""}},
+        // The TD-SCDMA +CSQ reading 140 (-76 dBm) is step 18 of ^RSSI's scale.
+        {"tdscdma", {"^RSSI:18", "^MODE:15,7", "+CREG: 1,\"18D8\",\"2A7B\""}},
+        {"cdma", {"^RSSILVL:60", "^HRSSILVL:60", "^MODE:8", "^SRVST:2"}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.profile);
+        const Profile profile = Shipped(row.profile);
+        std::vector<std::string> reports;
+        for (const modemsim::TimelineEvent& event : profile.timeline) {
+            ASSERT_TRUE(event.report);
+            EXPECT_GE(event.atMs, 1000u);
+            EXPECT_LE(event.atMs, 3000u);
+            EXPECT_GE(event.repeatMs, 10000u);
+            EXPECT_LE(event.repeatMs, 30000u);
+            for (const std::string& line : modemsim::RenderReport(*event.report, profile.initial)) {
+                reports.push_back(line);
+            }
+        }
+        EXPECT_EQ(reports, row.reports);
+    }
+}
+
+TEST(ModemSimSignalTest, ReportNamesAreCheckedWhenTheProfileIsRead)
+{
+    std::string text;
+    ASSERT_TRUE(modemsim::BuiltInProfileText("wcdma", &text));
+    nlohmann::json document = nlohmann::json::parse(text);
+    Profile profile;
+    std::string error;
+
+    document["timeline"][1] = {{"at_ms", 5}, {"report", "^RSSIX"}};
+    EXPECT_FALSE(modemsim::ParseProfile(document.dump(), "t.json", &profile, &error));
+    EXPECT_EQ(error, "t.json: timeline[1].report: invalid value \"^RSSIX\": expected one of "
+                     "^RSSI, ^RSSILVL, ^HRSSILVL, ^ANLEVEL, ^SRVST, ^MODE, +CREG, +CGREG, ^HCSQ, "
+                     "^SIMREFRESH, ^PNNFILEREFRESH");
+
+    document["timeline"][1] = {{"at_ms", 5}, {"report", "^SRVST"}, {"send", "^SRVST:2"}};
+    EXPECT_FALSE(modemsim::ParseProfile(document.dump(), "t.json", &profile, &error));
+    EXPECT_EQ(error, "t.json: timeline[1]: expected exactly one of send, set, report, fault "
+                     "(found 2)");
+
+    document["timeline"][1] = {{"at_ms", 5}, {"report", "^SIMREFRESH"}};
+    document["sim"]["refresh_file_type"] = 256;
+    EXPECT_FALSE(modemsim::ParseProfile(document.dump(), "t.json", &profile, &error));
+    EXPECT_EQ(error, "t.json: sim.refresh_file_type: out of range: 256 is not within 0..255");
+
+    document["sim"]["refresh_file_type"] = 2;
+    ASSERT_TRUE(modemsim::ParseProfile(document.dump(), "t.json", &profile, &error)) << error;
+    EXPECT_EQ(profile.timeline[1].report, ReportKind::SimRefresh);
+    EXPECT_EQ(profile.initial.sim.refreshFileType, 2);
+}
+
+TEST(ModemSimSignalTest, SetReachesEverySignalAndModeField)
+{
+    const Profile profile = Shipped("lte");
+    ModemState state = profile.initial;
+    // Every signal and mode field, each to a value that differs from the profile's.
+    const nlohmann::json patch = nlohmann::json::parse(R"({
+        "network": { "mode": { "sys_mode": 3, "sys_mode_name": "WCDMA", "sub_mode": 41,
+                    "sub_mode_name": "WCDMA", "sysinfo_sys_mode": 5, "sysinfo_sub_mode": 4 } },
+        "signal": { "csq": { "rssi": 9, "ber": 2 },
+          "hcsq": [ { "sysmode": "WCDMA", "values": [26, 29, 51] } ],
+          "csnr": { "rscp": -92, "ecio": -7 },
+          "antenna": { "rscp": -92, "ecio": -7, "rssi": 9, "level": 2 },
+          "lte_rsrp": { "rsrp": -140, "rsrq": -20 },
+          "lte_scinfo": { "pci": 7, "dlsinr": -3, "numant": 1, "dlbw": 2 },
+          "cdma_csq": { "rssi": 20, "ber": 1 }, "hdr_rssi": 40 } })");
+    std::string error;
+    ASSERT_TRUE(modemsim::ApplyStatePatch(&state, patch.dump(), "set", &error)) << error;
+    const nlohmann::json written = modemsim::StateToJson(state);
+    EXPECT_EQ(written["signal"], patch["signal"]);
+    EXPECT_EQ(written["network"]["mode"], patch["network"]["mode"]);
+    EXPECT_EQ(Ask(profile, state, "AT^SYSINFO;^HCSQ?"),
+              Framed({"^SYSINFO:2,3,0,5,1,,4", "^HCSQ: \"WCDMA\",26,29,51", "OK"}));
+
+    // Removing the optional sub-mode takes the field out of the answer again.
+    ASSERT_TRUE(modemsim::ApplyStatePatch(
+        &state, R"({"network": {"mode": {"sysinfo_sub_mode": null}}})", "set", &error));
+    EXPECT_EQ(Ask(profile, state, "AT^SYSINFO"), Framed({"^SYSINFO:2,3,0,5,1", "OK"}));
+}
+
+// Reads from fd until text ends with `end` or the time is up.
+std::string ReadUntil(int fd, const std::string& end, int timeoutMs)
+{
+    std::string text;
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeoutMs);
+    while (text.size() < end.size() || text.compare(text.size() - end.size(), end.size(), end)) {
+        const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
+                              deadline - std::chrono::steady_clock::now())
+                              .count();
+        pollfd item = {fd, POLLIN, 0};
+        char byte;
+        if (left <= 0 || poll(&item, 1, static_cast<int>(left)) <= 0 || read(fd, &byte, 1) != 1) {
+            break;
+        }
+        text += byte;
+    }
+    return text;
+}
+
+TEST(ModemSimSignalTest, PtyTimelineChangesThenReportsTheNewValue)
+{
+    Profile profile = Shipped("lte");
+    profile.initial.echo = false;
+    modemsim::TimelineEvent change;
+    change.atMs = 50;
+    change.setPatch = R"({"signal": {"csq": {"rssi": 5}}})";
+    modemsim::TimelineEvent report;
+    report.atMs = 50;
+    report.report = ReportKind::Rssi;
+    profile.timeline = {change, report};
+
+    modemsim::Simulator simulator(profile);
+    std::string error;
+    ASSERT_TRUE(simulator.Start(&error)) << error;
+    const int fd = open(simulator.SlavePath().c_str(), O_RDWR | O_NOCTTY);
+    ASSERT_GE(fd, 0);
+    // Due together, they run in profile order: the report carries the change.
+    EXPECT_EQ(ReadUntil(fd, "^RSSI:5\r\n", 3000), "\r\n^RSSI:5\r\n");
+    ASSERT_EQ(write(fd, "AT+CSQ\r", 7), 7);
+    EXPECT_EQ(ReadUntil(fd, "OK\r\n", 3000), "\r\n+CSQ: 5,99\r\n\r\nOK\r\n");
+    close(fd);
+}
+
+}  // namespace

@@ -1,0 +1,91 @@
+// Where the modem is camped: ^SYSINFOEX (newer firmware), ^SYSINFO (every
+// data card of the family) and ^REGISTER, which takes the modem off the
+// network and back.
+
+#include "CommandHandlers.h"
+
+namespace modemsim {
+
+namespace {
+
+std::string Num(int32_t value)
+{
+    return std::to_string(value);
+}
+
+constexpr int32_t kServiceNone = 0;
+// How ^SYSINFOEX names the mode and sub-mode 0.
+constexpr char kNoServiceName[] = "NO SERVICE";
+
+}  // namespace
+
+// "^SYSINFOEX: 2,3,0,1,0,6,"LTE",101,"LTE"": status, domain, roaming, SIM
+// state, SIM lock state, system mode and its name, sub-mode and its name.
+Reply HandleSysinfoexBare(const Profile&, ModemState& state, const AtRequest&)
+{
+    const NetworkState& net = state.network;
+    return OkReply({"^SYSINFOEX: " + Num(net.serviceStatus) + "," + Num(net.serviceDomain) + "," +
+                    Num(net.roaming) + "," + Num(state.sim.state) + "," +
+                    Num(state.sim.lockState) + "," + Num(net.mode.sysMode) + ",\"" +
+                    net.mode.sysModeName + "\"," + Num(net.mode.subMode) + ",\"" +
+                    net.mode.subModeName + "\""});
+}
+
+// "^SYSINFO:2,3,0,5,1,,9": status, domain, roaming, system mode, SIM state,
+// then the SIM lock state (left empty, as these cards print it) and the
+// sub-mode. Cards that know no sub-mode stop after the SIM state:
+// "^SYSINFO:2,2,0,8,1".
+Reply HandleSysinfoBare(const Profile&, ModemState& state, const AtRequest&)
+{
+    const NetworkState& net = state.network;
+    std::string line = "^SYSINFO:" + Num(net.serviceStatus) + "," + Num(net.serviceDomain) + "," +
+                       Num(net.roaming) + "," + Num(net.mode.sysinfoSysMode) + "," +
+                       Num(state.sim.state);
+    if (net.mode.sysinfoSubMode) {
+        line += ",," + Num(*net.mode.sysinfoSubMode);
+    }
+    return OkReply({line});
+}
+
+// AT^REGISTER=0 deregisters: no service, no domain, no system mode, no
+// registration in any domain, no operator. AT^REGISTER=1 registers again: a
+// modem without service finds the network of its profile again; one with
+// service stays as it is. The answer is a bare OK.
+Reply HandleRegisterSet(const Profile& profile, ModemState& state, const AtRequest& request)
+{
+    const std::vector<std::string> args = SplitArgs(request.args);
+    const std::optional<int32_t> on = args.size() == 1 ? ParseNumberArg(args[0], 0, 1)
+                                                       : std::nullopt;
+    if (!on) {
+        return CmeErrorReply(state, kCmeIncorrectParameters);
+    }
+    NetworkState& net = state.network;
+    if (*on == 0) {
+        net.serviceStatus = kServiceNone;
+        net.serviceDomain = 0;
+        net.mode.sysMode = 0;
+        net.mode.sysModeName = kNoServiceName;
+        net.mode.subMode = 0;
+        net.mode.subModeName = kNoServiceName;
+        net.mode.sysinfoSysMode = 0;
+        if (net.mode.sysinfoSubMode) {
+            net.mode.sysinfoSubMode = 0;
+        }
+        net.creg.stat = 0;
+        net.cgreg.stat = 0;
+        net.cereg.stat = 0;
+        net.registered.reset();
+    } else if (net.serviceStatus == kServiceNone) {
+        const NetworkState& home = profile.initial.network;
+        net.serviceStatus = home.serviceStatus;
+        net.serviceDomain = home.serviceDomain;
+        net.mode = home.mode;
+        net.creg.stat = home.creg.stat;
+        net.cgreg.stat = home.cgreg.stat;
+        net.cereg.stat = home.cereg.stat;
+        net.registered = home.registered;
+    }
+    return OkReply();
+}
+
+}  // namespace modemsim

@@ -1,0 +1,39 @@
+// The parts of the modem's state that it prints the same way in the answer to
+// a command and in an unsolicited report (the text after "^HCSQ:", "^MODE:",
+// "+CREG: "), and the scale conversions its readings need. Pure functions.
+#ifndef MODEMSIM_STATELINES_H
+#define MODEMSIM_STATELINES_H
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "ModemState.h"
+
+namespace modemsim {
+
+// The text after "^HCSQ:" for each radio in use: "\"LTE\",52,46,191,22". A
+// modem without service (status 0) or asleep (status 4) has no radio in use
+// and says "\"NOSERVICE\"" alone, whatever the last readings were.
+std::vector<std::string> HcsqTexts(const ModemState& state);
+
+// "5,9", or "17" when the ^SYSINFO sub-mode is absent: the system mode in the
+// ^SYSINFO numbering, as ^MODE reports it.
+std::string ModeText(const ModeInfo& mode);
+
+// The unsolicited +CREG / +CGREG fields: "1,\"CE00\",\"01CEAD8F\"" with the
+// location when one is known (and the access technology behind it when given),
+// "1" alone when not, and "0" alone when the modem is not registered.
+std::string RegistrationReportText(const RegistrationInfo& registration);
+
+// TD-SCDMA modems print +CSQ's rssi offset by 100: 100 (-116 dBm or less) to
+// 191 (-25 dBm or more), 199 unknown. True for a reading in that form.
+bool IsTdScdmaCsq(int32_t rssi);
+
+// A +CSQ rssi on the 0..31 scale (-113 dBm + 2 dB a step, 99 unknown): a
+// TD-SCDMA reading is brought over by its dBm, other values stay as they are.
+int32_t CsqScaleRssi(int32_t rssi);
+
+}  // namespace modemsim
+
+#endif
