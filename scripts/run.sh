@@ -1,11 +1,15 @@
 #!/usr/bin/env bash
 # Sets up the machine, builds everything and runs netsrvctl against the
-# built-in modem simulator: the plugin's identity, the modem's last error and
-# the addresses of the (absent) data link.
+# built-in modem simulator: with no command it shows the modem's status and
+# signal; then the plugin's identity, the modem's last error and the addresses
+# of the (absent) data link.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/build.sh default
 tool=build/default/tools/netsrvctl/netsrvctl
+echo
+echo "\$ netsrvctl --simulate"
+"$tool" --simulate
 echo
 echo "\$ netsrvctl --simulate plugin-info"
 "$tool" --simulate plugin-info

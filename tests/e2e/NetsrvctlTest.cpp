@@ -99,7 +99,7 @@ std::string LteProfileWithTimeline(const nlohmann::json& timeline)
     return profile.dump();
 }
 
-TEST(Netsrvctl, MonitorReceivesTheSimulatorsReports)
+TEST(Netsrvctl, MonitorShowsTheModemsReportsWhenAskedForThem)
 {
     // Repeated, so that reports sent before the monitor subscribed come again.
     testkit::TempDir dir;
@@ -108,31 +108,42 @@ TEST(Netsrvctl, MonitorReceivesTheSimulatorsReports)
                                       {{"at_ms", 300}, {"repeat_ms", 300}, {"send", "^RSSI: 18"}},
                                       {{"at_ms", 400}, {"repeat_ms", 300}, {"send", "^MODE: 5,4"}},
                                   })));
-    const ToolResult r = RunTool(
-        kTool, {"--simulate", profile, "--json", "monitor", "--count", "6", "--timeout", "20"});
+    const ToolResult r = RunTool(kTool, {"--simulate", profile, "--json", "monitor", "--raw",
+                                         "--count", "8", "--timeout", "20"});
     ASSERT_EQ(r.exitStatus, 0) << r.err;
     const auto lines = Lines(r.out);
-    ASSERT_EQ(lines.size(), 6u) << r.out;
+    ASSERT_EQ(lines.size(), 8u) << r.out;
     nlohmann::json rssi, mode;
     for (const std::string& line : lines) {
         const nlohmann::json entry = nlohmann::json::parse(line);
-        if (entry["kind"] != "report") {
+        if (!entry.contains("report")) {
             continue;   // the service's own events
         }
-        (entry["name"] == "^RSSI" ? rssi : mode) = entry;
+        (entry["report"] == "^RSSI" ? rssi : mode) = entry;
     }
     ASSERT_FALSE(rssi.is_null()) << r.out;
     ASSERT_FALSE(mode.is_null()) << r.out;
     EXPECT_EQ(rssi["fields"], nlohmann::json::array({"18"}));
-    EXPECT_EQ(mode["name"], "^MODE");
+    EXPECT_EQ(mode["report"], "^MODE");
     EXPECT_EQ(mode["fields"], nlohmann::json::array({"5", "4"}));
 
-    // In text, one line a report; the time-out ends a monitor with success.
+    // In text, one line a report beside the events; the time-out ends a
+    // monitor with success.
     const ToolResult text =
-        RunTool(kTool, {"--simulate", profile, "monitor", "--timeout", "2"});
+        RunTool(kTool, {"--simulate", profile, "monitor", "--raw", "--timeout", "2"});
     ASSERT_EQ(text.exitStatus, 0) << text.err;
     EXPECT_NE(text.out.find("report ^RSSI 18\n"), std::string::npos) << text.out;
     EXPECT_NE(text.out.find("report ^MODE 5,4\n"), std::string::npos) << text.out;
+    // ^RSSI: 18 is 18 * 100 / 31 = 58 %; ^MODE: 5,4 is plain WCDMA.
+    EXPECT_NE(text.out.find("signal 58%\n"), std::string::npos) << text.out;
+    EXPECT_NE(text.out.find("mode WCDMA\n"), std::string::npos) << text.out;
+
+    // Without --raw only the events.
+    const ToolResult events =
+        RunTool(kTool, {"--simulate", profile, "monitor", "--count", "4", "--timeout", "20"});
+    ASSERT_EQ(events.exitStatus, 0) << events.err;
+    EXPECT_EQ(events.out.find("report"), std::string::npos) << events.out;
+    EXPECT_EQ(Lines(events.out).size(), 4u) << events.out;
 }
 
 TEST(Netsrvctl, UsageErrors)
@@ -149,6 +160,8 @@ TEST(Netsrvctl, UsageErrors)
         {{"--device", "/dev/null", "--simulate", "lasterr"}, 2},
         {{"--simulate", "--device-kind", "wimax", "lasterr"}, 2},
         {{"--simulate", "monitor", "--count", "-1"}, 2},
+        {{"--simulate", "status", "signal"}, 2},            // one command at a time
+        {{"--simulate", "signal", "--raw"}, 2},             // a monitor option elsewhere
     };
     for (const Row& row : rows) {
         const ToolResult r = RunTool(kTool, row.args);
@@ -159,7 +172,8 @@ TEST(Netsrvctl, UsageErrors)
 
 TEST(Netsrvctl, HelpOnEveryCommand)
 {
-    for (const char* command : {"plugin-info", "lasterr", "address", "monitor"}) {
+    for (const char* command : {"status", "signal", "plugin-info", "lasterr", "address",
+                                "monitor"}) {
         const ToolResult r = RunTool(kTool, {command, "--help"});
         EXPECT_EQ(r.exitStatus, 0) << command;
         EXPECT_NE(r.out.find(command), std::string::npos) << r.out;

@@ -1,28 +1,128 @@
 #include "Commands.h"
 
 #include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
 
 #include "AtCodec/IProcessor.h"
 #include "ErrorText.h"
+#include "OutputText.h"
+#include "SignalView.h"
+#include "StatusView.h"
 
 namespace netsrvctl {
 
 namespace {
-// The service failed: say which error word it gave and what it means. A modem
-// that stopped answering or whose port went away is the modem's failure, not
-// the operation's.
+// A query's result before it is printed, so that the command without a name
+// can put two of them together.
+struct Outcome {
+    ExitStatus status = EXIT_OK;
+    nlohmann::ordered_json json = nlohmann::ordered_json::object();
+    std::string text;
+    std::string errorLine;   // for standard error; empty on success
+};
+
+// A modem that stopped answering or whose port went away is the modem's
+// failure, not the operation's.
+ExitStatus StatusOfErrorWord(unsigned long dwError)
+{
+    return dwError == AT_ERROR_TIMEOUT || dwError == AT_ERROR_PORT_CLOSED ? EXIT_NO_MODEM
+                                                                         : EXIT_FAILED;
+}
+
+// The service failed: say which error word it gave and what it means.
+void SetFailure(Outcome* pOutcome, const char* pszWhat, unsigned long dwError)
+{
+    const std::string meaning = DescribeErrorWord(dwError);
+    pOutcome->status = StatusOfErrorWord(dwError);
+    pOutcome->json["error"] = dwError;
+    pOutcome->json["meaning"] = meaning;
+    pOutcome->errorLine = std::string("netsrvctl: ") + pszWhat + " failed: error " +
+                          std::to_string(dwError) + " (" + meaning + ")";
+}
+
+ExitStatus Print(const Outcome& outcome, const OutputOptions& out, std::ostream& os,
+                 std::ostream& err)
+{
+    if (out.json) {
+        os << JsonLine(outcome.json) << "\n";
+    } else {
+        os << outcome.text;
+    }
+    if (!outcome.errorLine.empty()) {
+        err << outcome.errorLine << "\n";
+    }
+    return outcome.status;
+}
+
 ExitStatus ReportFailure(const char* pszWhat, unsigned long dwError, const OutputOptions& out,
                          std::ostream& os, std::ostream& err)
 {
-    const ExitStatus status =
-        dwError == AT_ERROR_TIMEOUT || dwError == AT_ERROR_PORT_CLOSED ? EXIT_NO_MODEM
-                                                                       : EXIT_FAILED;
-    const std::string meaning = DescribeErrorWord(dwError);
-    if (out.json) {
-        os << nlohmann::json{{"error", dwError}, {"meaning", meaning}}.dump() << "\n";
+    Outcome outcome;
+    SetFailure(&outcome, pszWhat, dwError);
+    return Print(outcome, out, os, err);
+}
+
+Outcome ReadStatus(ToolHost& host)
+{
+    Outcome outcome;
+    NETSRV_DATA::SystemInfo info;
+    if (!host.NetSrv()->SRVGetSystemInfoEx(info)) {
+        // This read hands out no error word; the processor keeps the code of
+        // the command that failed (the ^SYSINFO that ^SYSINFOEX fell back to).
+        const int nLastError = host.Processor()->GetLastError();
+        SetFailure(&outcome, "status", static_cast<unsigned long>(nLastError));
+        return outcome;
     }
-    err << "netsrvctl: " << pszWhat << " failed: error " << dwError << " (" << meaning << ")\n";
-    return status;
+    outcome.json = StatusJson(info);
+    outcome.text = StatusText(info);
+    return outcome;
+}
+
+// Runs one signal query; the reading is kept only when the query succeeded.
+// The error word of a query that found no usable data stays 0.
+template <typename Record>
+std::optional<Record> ReadOne(INetSrv* pNetSrv, bool (INetSrv::*query)(Record*, unsigned long*),
+                             unsigned long* pdwError = nullptr)
+{
+    Record record;
+    unsigned long dwError = 0;
+    const bool bRead = (pNetSrv->*query)(&record, &dwError);
+    if (pdwError != nullptr) {
+        *pdwError = dwError;
+    }
+    return bRead ? std::optional<Record>(record) : std::nullopt;
+}
+
+Outcome ReadSignal(ToolHost& host)
+{
+    INetSrv* pNetSrv = host.NetSrv();
+    SignalReadings readings;
+    unsigned long dwPercentError = 0;
+    if (const auto rssi = ReadOne(pNetSrv, &INetSrv::SRVGetCurRSSI, &dwPercentError)) {
+        readings.percent = rssi->btRSSIPercent;
+    }
+    // Every other query would wait out its own time-out on a silent modem.
+    if (readings.percent || StatusOfErrorWord(dwPercentError) != EXIT_NO_MODEM) {
+        readings.csq = ReadOne(pNetSrv, &INetSrv::SRVGetRowRSSI);
+        readings.quality = ReadOne(pNetSrv, &INetSrv::SRVGetSignalQuality);
+        readings.lte = ReadOne(pNetSrv, &INetSrv::SRVGetLteSignalQuality);
+        readings.lteCell = ReadOne(pNetSrv, &INetSrv::SRVGetLteScInfo);
+        if (const auto level = ReadOne(pNetSrv, &INetSrv::SRVGetAntennaLevel)) {
+            readings.antennaLevel = level->wLevel;
+        }
+        if (const auto evdo = ReadOne(pNetSrv, &INetSrv::SRVGetHdrRssiInfo)) {
+            readings.evdoPercent = evdo->btRSSIPercent;
+        }
+    }
+
+    Outcome outcome;
+    outcome.json = SignalJson(readings);
+    outcome.text = SignalText(readings);
+    if (!readings.percent) {
+        SetFailure(&outcome, "signal", dwPercentError);
+    }
+    return outcome;
 }
 }  // namespace
 
@@ -108,6 +208,46 @@ ExitStatus RunAddress(ToolHost& host, const OutputOptions& out, std::ostream& os
         return EXIT_FAILED;
     }
     return EXIT_OK;
+}
+
+ExitStatus RunStatus(ToolHost& host, const OutputOptions& out, std::ostream& os,
+                     std::ostream& err)
+{
+    return Print(ReadStatus(host), out, os, err);
+}
+
+ExitStatus RunSignal(ToolHost& host, const OutputOptions& out, std::ostream& os,
+                     std::ostream& err)
+{
+    return Print(ReadSignal(host), out, os, err);
+}
+
+ExitStatus RunOverview(ToolHost& host, const OutputOptions& out, std::ostream& os,
+                       std::ostream& err)
+{
+    const Outcome status = ReadStatus(host);
+    // A silent or vanished modem would fail every signal query after its time-out.
+    const bool bSignal = status.status != EXIT_NO_MODEM;
+    const Outcome signal = bSignal ? ReadSignal(host) : Outcome();
+
+    if (out.json) {
+        nlohmann::ordered_json both = {{"status", status.json}};
+        if (bSignal) {
+            both["signal"] = signal.json;
+        }
+        os << JsonLine(both) << "\n";
+    } else {
+        os << status.text;
+        if (bSignal) {
+            os << (status.text.empty() ? "" : "\n") << signal.text;
+        }
+    }
+    for (const Outcome* pOutcome : {&status, &signal}) {
+        if (!pOutcome->errorLine.empty()) {
+            err << pOutcome->errorLine << "\n";
+        }
+    }
+    return status.status != EXIT_OK ? status.status : signal.status;
 }
 
 }  // namespace netsrvctl

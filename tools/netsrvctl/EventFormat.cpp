@@ -1,90 +1,198 @@
 #include "EventFormat.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "Interface/NetSrvDef.h"
+#include "Names.h"
+#include "OutputText.h"
 
 namespace netsrvctl {
 
 namespace {
 using namespace NETSRV_DATA;
 
-const char* const kEventNames[] = {
-    "EVENT_NETSRV_PLMN_ALL",   "EVENT_SRV_RSSI",          "EVENT_SRV_PLMN_ID",
-    "EVENT_SRV_ROAM_STATUS",   "EVENT_NET_SERVER_STATUS", "EVENT_SRV_DOMAIN",
-    "EVENT_SRV_SIM_STATE",     "EVENT_SRV_SYSTEM_MODE",   "EVENT_SRV_MS_AVAILABLE",
-    "EVENT_SRV_MS_UNAVAILABLE", "EVENT_SIM_NOT_INSERTED", "EVENT_SRV_ANTENNA_LEVEL",
-    "EVENT_PNN_FILEREFRESH",   "EVENT_SIM_REFRESH",
+struct EventRow {
+    int id;
+    const char* key;
+    const char* text;   // the line of an event without content, and the label of the others
 };
 
-// A fixed-size text field, up to its terminator or its end.
-std::string FieldText(const char* pszField, size_t nSize)
+const EventRow kEvents[] = {
+    {EVENT_NETSRV_PLMN_ALL, "operator_list", "operator list"},
+    {EVENT_SRV_RSSI, "signal", "signal"},
+    {EVENT_SRV_PLMN_ID, "plmn_id", "PLMN ID changed"},
+    {EVENT_SRV_ROAM_STATUS, "roam_status", "roaming status changed"},
+    {EVENT_NET_SERVER_STATUS, "service_status", "service status"},
+    {EVENT_SRV_DOMAIN, "domain", "domain"},
+    {EVENT_SRV_SIM_STATE, "sim_state", "SIM state changed"},
+    {EVENT_SRV_SYSTEM_MODE, "system_mode", "mode"},
+    {EVENT_SRV_MS_AVAILABLE, "modem_available", "modem available"},
+    {EVENT_SRV_MS_UNAVAILABLE, "modem_unavailable", "modem unavailable"},
+    {EVENT_SIM_NOT_INSERTED, "sim_not_inserted", "SIM not inserted"},
+    {EVENT_SRV_ANTENNA_LEVEL, "antenna_level", "antenna level"},
+    {EVENT_PNN_FILEREFRESH, "pnn_file_refresh", "PNN file refreshed"},
+    {EVENT_SIM_REFRESH, "sim_refresh", "SIM refresh"},
+};
+
+const EventRow* FindEvent(int iEvent)
 {
-    return std::string(pszField, strnlen(pszField, nSize));
+    for (const EventRow& row : kEvents) {
+        if (row.id == iEvent) {
+            return &row;
+        }
+    }
+    return nullptr;
 }
 
-nlohmann::json PlmnListJson(const SPlmnList& list)
+// A number with its name, or the number alone when it has none.
+std::string NameOrNumber(const char* pszName, unsigned long value)
 {
-    nlohmann::json entries = nlohmann::json::array();
-    const size_t count = std::min<size_t>(list.btPlmnNumber, PLMN_LIST_MAX);
-    for (size_t i = 0; i < count; ++i) {
-        const SPlmnInfo& info = list.stPlmn[i];
-        entries.push_back({{"plmn", FieldText(info.szPlmnID, sizeof(info.szPlmnID))},
-                           {"rat", info.btRat},
-                           {"status", info.btPlmnForbidden},
-                           {"short_name", FieldText(info.szShortName, sizeof(info.szShortName))},
-                           {"long_name", FieldText(info.szLongName, sizeof(info.szLongName))}});
+    return pszName != nullptr ? pszName : std::to_string(value);
+}
+
+void AddNamed(nlohmann::ordered_json* pJson, const std::string& key, unsigned long value,
+              const char* pszName)
+{
+    (*pJson)[key] = value;
+    if (pszName != nullptr) {
+        (*pJson)[key + "_name"] = pszName;
     }
-    return {{"count", list.btPlmnNumber}, {"operators", entries}};
+}
+
+size_t EntriesOf(const SPlmnList& list)
+{
+    return std::min<size_t>(list.btPlmnNumber, PLMN_LIST_MAX);
+}
+
+nlohmann::ordered_json OperatorJson(const SPlmnInfo& info)
+{
+    nlohmann::ordered_json entry = {
+        {"plmn", FieldText(info.szPlmnID, sizeof(info.szPlmnID))},
+        {"long_name", FieldText(info.szLongName, sizeof(info.szLongName))},
+        {"short_name", FieldText(info.szShortName, sizeof(info.szShortName))},
+    };
+    // The service puts the search result's <stat> in btPlmnForbidden.
+    AddNamed(&entry, "status", info.btPlmnForbidden, OperatorStatusName(info.btPlmnForbidden));
+    AddNamed(&entry, "rat", info.btRat, AccessTechnologyName(info.btRat));
+    return entry;
+}
+
+// "46000 CHINA MOBILE (current, LTE)"
+std::string OperatorText(const SPlmnInfo& info)
+{
+    std::string name = FieldText(info.szLongName, sizeof(info.szLongName));
+    if (name.empty()) {
+        name = FieldText(info.szShortName, sizeof(info.szShortName));
+    }
+    const char* pszStatus = OperatorStatusName(info.btPlmnForbidden);
+    const char* pszRat = AccessTechnologyName(info.btRat);
+    std::string text = FieldText(info.szPlmnID, sizeof(info.szPlmnID));
+    if (!name.empty()) {
+        text += " " + name;
+    }
+    return text + " (" +
+           (pszStatus != nullptr ? pszStatus : "status " + std::to_string(info.btPlmnForbidden)) +
+           ", " + (pszRat != nullptr ? pszRat : "AcT " + std::to_string(info.btRat)) + ")";
+}
+
+std::string OperatorListText(const SPlmnList& list)
+{
+    if (list.btPlmnNumber == 0) {
+        return "operator list: no operators";
+    }
+    std::string text = "operator list: " + std::to_string(list.btPlmnNumber) +
+                       (list.btPlmnNumber == 1 ? " operator" : " operators");
+    for (size_t i = 0; i < EntriesOf(list); ++i) {
+        text += (i == 0 ? ": " : "; ") + OperatorText(list.stPlmn[i]);
+    }
+    return text;
+}
+
+unsigned long Word(const void* pData)
+{
+    return *static_cast<const unsigned long*>(pData);
 }
 }  // namespace
 
-std::string EventName(int iEvent)
+std::string EventKey(int iEvent)
 {
-    const int known = static_cast<int>(sizeof(kEventNames) / sizeof(kEventNames[0]));
-    if (iEvent >= 0 && iEvent < known) {
-        return kEventNames[iEvent];
-    }
-    return "EVENT_" + std::to_string(iEvent);
+    const EventRow* pRow = FindEvent(iEvent);
+    return pRow != nullptr ? pRow->key : "event_" + std::to_string(iEvent);
 }
 
-nlohmann::json EventPayload(int iEvent, const void* pData)
+nlohmann::ordered_json EventJson(int iEvent, const void* pData)
 {
+    nlohmann::ordered_json json = {{"event", EventKey(iEvent)}, {"id", iEvent}};
     if (pData == nullptr) {
-        return nlohmann::json::object();
+        return json;
+    }
+    switch (iEvent) {
+    case EVENT_NETSRV_PLMN_ALL: {
+        const SPlmnList& list = *static_cast<const SPlmnList*>(pData);
+        nlohmann::ordered_json operators = nlohmann::ordered_json::array();
+        for (size_t i = 0; i < EntriesOf(list); ++i) {
+            operators.push_back(OperatorJson(list.stPlmn[i]));
+        }
+        // A count beyond the list's capacity is reported but not followed.
+        json["count"] = list.btPlmnNumber;
+        json["operators"] = operators;
+        break;
+    }
+    case EVENT_SRV_RSSI:
+        // nRSSI is always 0 in this event: the percentage is its content.
+        json["signal_percent"] = static_cast<const RSSIType*>(pData)->btRSSIPercent;
+        break;
+    case EVENT_NET_SERVER_STATUS:
+        AddNamed(&json, "service_status", Word(pData), ServiceStatusName(Word(pData)));
+        break;
+    case EVENT_SRV_DOMAIN:
+        AddNamed(&json, "domain", Word(pData), DomainName(Word(pData)));
+        break;
+    case EVENT_SRV_SYSTEM_MODE:
+        AddNamed(&json, "sub_mode", Word(pData), SubModeName(Word(pData)));
+        break;
+    case EVENT_SRV_ANTENNA_LEVEL:
+        json["antenna_level"] = static_cast<const AntennaLevel*>(pData)->wLevel;
+        break;
+    case EVENT_SIM_REFRESH:
+        json["file_type"] = Word(pData);
+        break;
+    default:
+        // The other events carry no defined content.
+        break;
+    }
+    return json;
+}
+
+std::string EventText(int iEvent, const void* pData)
+{
+    const EventRow* pRow = FindEvent(iEvent);
+    if (pRow == nullptr) {
+        return "event " + std::to_string(iEvent);
+    }
+    const std::string label = pRow->text;
+    if (pData == nullptr) {
+        return label;
     }
     switch (iEvent) {
     case EVENT_NETSRV_PLMN_ALL:
-        return PlmnListJson(*static_cast<const SPlmnList*>(pData));
-    case EVENT_SRV_RSSI: {
-        const RSSIType* pRssi = static_cast<const RSSIType*>(pData);
-        return {{"rssi", pRssi->nRSSI}, {"percent", pRssi->btRSSIPercent}};
-    }
+        return OperatorListText(*static_cast<const SPlmnList*>(pData));
+    case EVENT_SRV_RSSI:
+        return label + " " +
+               std::to_string(static_cast<const RSSIType*>(pData)->btRSSIPercent) + "%";
     case EVENT_NET_SERVER_STATUS:
-        return {{"status", *static_cast<const unsigned long*>(pData)}};
+        return label + ": " + NameOrNumber(ServiceStatusName(Word(pData)), Word(pData));
     case EVENT_SRV_DOMAIN:
-        return {{"domain", *static_cast<const unsigned long*>(pData)}};
+        return label + ": " + NameOrNumber(DomainName(Word(pData)), Word(pData));
     case EVENT_SRV_SYSTEM_MODE:
-        return {{"submode", *static_cast<const unsigned long*>(pData)}};
+        return label + " " + NameOrNumber(SubModeName(Word(pData)), Word(pData));
     case EVENT_SRV_ANTENNA_LEVEL:
-        return {{"level", static_cast<const AntennaLevel*>(pData)->wLevel}};
+        return label + " " + std::to_string(static_cast<const AntennaLevel*>(pData)->wLevel);
     case EVENT_SIM_REFRESH:
-        return {{"filetype", *static_cast<const unsigned long*>(pData)}};
+        return label + ": file type " + std::to_string(Word(pData));
     default:
-        // The other events carry no defined content.
-        return nlohmann::json::object();
+        return label;
     }
-}
-
-std::string EventLine(int iEvent, const void* pData)
-{
-    std::string line = EventName(iEvent);
-    const nlohmann::json payload = EventPayload(iEvent, pData);
-    for (auto it = payload.begin(); it != payload.end(); ++it) {
-        line += " " + it.key() + "=" + (it->is_string() ? it->get<std::string>() : it->dump());
-    }
-    return line;
 }
 
 }  // namespace netsrvctl

@@ -1,5 +1,5 @@
-// Turns service events into text and JSON for the monitor. Pure: the payload
-// is read only during the call, as the service requires.
+// Turns service events into readable text and JSON for the monitor. Pure: the
+// payload is read only during the call, as the service requires.
 #ifndef NETSRVCTL_EVENTFORMAT_H
 #define NETSRVCTL_EVENTFORMAT_H
 
@@ -8,15 +8,19 @@
 
 namespace netsrvctl {
 
-// The identifier's name, e.g. "EVENT_SRV_RSSI", or "EVENT_<n>" for an unknown one.
-std::string EventName(int iEvent);
+// The event's name in snake case, e.g. "signal", "system_mode", or
+// "event_<n>" for an identifier the service does not define.
+std::string EventKey(int iEvent);
 
-// The payload's fields as the event's documented record (empty object when the
-// event carries none, or the payload is null).
-nlohmann::json EventPayload(int iEvent, const void* pData);
+// {"event": key, "id": n, ...the payload's fields}; the fields use the keys
+// of `status` and `signal` (signal_percent, service_status, domain, sub_mode,
+// antenna_level ... with their _name). A null payload, or one that the event
+// does not define, adds no fields.
+nlohmann::ordered_json EventJson(int iEvent, const void* pData);
 
-// "name key=value key=value" on one line.
-std::string EventLine(int iEvent, const void* pData);
+// One line: "signal 64%", "mode HSPA+ (WCDMA)", "service status: normal
+// service", "operator list: 3 operators: 46000 CHINA MOBILE (current, LTE); ...".
+std::string EventText(int iEvent, const void* pData);
 
 }  // namespace netsrvctl
 

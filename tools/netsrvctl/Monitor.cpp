@@ -1,5 +1,6 @@
-// netsrvctl monitor: prints the service's events as they arrive, and the raw
-// reports that the modem sends, one line each.
+// netsrvctl monitor: prints the service's events as they arrive, one line
+// each, and with --raw also the modem's reports as the AT processor hands
+// them to the service.
 
 #include <atomic>
 #include <chrono>
@@ -15,12 +16,13 @@
 #include "Commands.h"
 #include "EventFormat.h"
 #include "Interface/IUniCommEvent.h"
+#include "OutputText.h"
 
 namespace netsrvctl {
 
 namespace {
 
-// The reports the service itself subscribes to; the monitor shows them raw.
+// The reports the service itself subscribes to; --raw shows them as they come.
 const char* const kReportNames[] = {
     "^RSSI",  "^RSSILVL", "^HRSSILVL", "^ANLEVEL", "^SRVST",      "^SIMST",          "^MODE",
     "+CREG",  "+CGREG",   "^SYSINFO",  "+COPS",    "^SIMREFRESH", "^PNNFILEREFRESH",
@@ -67,6 +69,8 @@ private:
     std::deque<std::string> m_lines;
 };
 
+// Receives the service's events and, with --raw, the modem's reports; both
+// arrive on other threads and are queued for the main thread.
 class MonitorClients : public IUniCommEvent, public IAtCallBack {
 public:
     explicit MonitorClients(bool bJson) : m_bJson(bJson) {}
@@ -74,32 +78,18 @@ public:
 
     LineQueue& Queue() { return m_queue; }
 
-    void Event(int iEvent, const void* pData, const char* pszVia)
-    {
-        if (m_bJson) {
-            m_queue.Push(nlohmann::json{{"kind", "event"},
-                                        {"event", EventName(iEvent)},
-                                        {"id", iEvent},
-                                        {"via", pszVia},
-                                        {"payload", EventPayload(iEvent, pData)}}
-                             .dump());
-        } else {
-            m_queue.Push("event " + EventLine(iEvent, pData) + " via=" + pszVia);
-        }
-    }
-
     bool OnUniCommEvent(DWORD dwEvent, void* pData) override
     {
-        Event(static_cast<int>(dwEvent), pData, "object");
+        const int iEvent = static_cast<int>(dwEvent);
+        m_queue.Push(m_bJson ? JsonLine(EventJson(iEvent, pData)) : EventText(iEvent, pData));
         return true;
     }
 
     bool AtCallBackEvent(const Command& cmd) override
     {
         if (m_bJson) {
-            m_queue.Push(nlohmann::json{{"kind", "report"}, {"name", cmd.name},
-                                        {"fields", cmd.params}}
-                             .dump());
+            m_queue.Push(JsonLine(nlohmann::ordered_json{{"report", cmd.name},
+                                                         {"fields", cmd.params}}));
         } else {
             std::string line = "report " + cmd.name;
             for (size_t i = 0; i < cmd.params.size(); ++i) {
@@ -115,38 +105,27 @@ private:
     LineQueue m_queue;
 };
 
-// A client function cannot carry a context: it reaches the monitor through this.
-std::atomic<MonitorClients*> g_pClients(nullptr);
-
-bool OnServiceEvent(int iEvent, void* pData)
-{
-    MonitorClients* pClients = g_pClients;
-    if (pClients != nullptr) {
-        pClients->Event(iEvent, pData, "function");
-    }
-    return true;
-}
-
 }  // namespace
 
 ExitStatus RunMonitor(ToolHost& host, const MonitorOptions& monitor, const OutputOptions& out,
                       std::ostream& os, std::ostream& err)
 {
     MonitorClients clients(out.json);
-    g_pClients = &clients;
     g_bInterrupted = false;
     auto previousInt = std::signal(SIGINT, OnSignal);
     auto previousTerm = std::signal(SIGTERM, OnSignal);
 
     INetSrv* pNetSrv = host.NetSrv();
-    pNetSrv->SRVRegisterCallback(&OnServiceEvent);
     pNetSrv->SRVRegisterCallback(static_cast<IUniCommEvent*>(&clients));
 
-    std::vector<CmdSetItem> rows;
-    for (const char* pszName : kReportNames) {
-        rows.emplace_back(0, pszName, AT_TYPE_NORMAL);
+    bool bSubscribed = true;
+    if (monitor.raw) {
+        std::vector<CmdSetItem> rows;
+        for (const char* pszName : kReportNames) {
+            rows.emplace_back(0, pszName, AT_TYPE_NORMAL);
+        }
+        bSubscribed = host.Processor()->RegisterClient(kMonitorClientName, &clients, rows);
     }
-    const bool bSubscribed = host.Processor()->RegisterClient(kMonitorClientName, &clients, rows);
 
     // A time-out beyond a year is no limit (and would overflow the clock's range).
     const double kNoLimitSeconds = 365.0 * 24 * 3600;
@@ -163,10 +142,10 @@ ExitStatus RunMonitor(ToolHost& host, const MonitorOptions& monitor, const Outpu
         ++printed;
     }
 
-    host.Processor()->UnRegisterClient(kMonitorClientName);
+    if (monitor.raw) {
+        host.Processor()->UnRegisterClient(kMonitorClientName);
+    }
     pNetSrv->SRVUnRegisterCallback(static_cast<IUniCommEvent*>(&clients));
-    pNetSrv->SRVUnRegisterCallback(&OnServiceEvent);
-    g_pClients = nullptr;
     std::signal(SIGINT, previousInt);
     std::signal(SIGTERM, previousTerm);
 

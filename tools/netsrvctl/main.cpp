@@ -29,8 +29,10 @@ void SetTraceLevel(int level)
 int main(int argc, char** argv)
 {
     CLI::App app{"netsrvctl: query the network service of a mobile-broadband modem, or of the "
-                 "built-in modem simulator"};
-    app.require_subcommand(1);
+                 "built-in modem simulator. Without a command: status, then signal."};
+    app.require_subcommand(0, 1);
+    // The tool's options also work after the command: "netsrvctl --simulate signal --json".
+    app.fallthrough();
 
     HostOptions host;
     OutputOptions output;
@@ -70,13 +72,20 @@ int main(int argc, char** argv)
     pLastErr->add_option("TYPE", lastErrType, "which kind of last error (default 0)");
     auto* pAddress =
         app.add_subcommand("address", "IPv4, DNS and IPv6 addresses of the current data link");
+    auto* pStatus = app.add_subcommand(
+        "status", "service status, domain, roaming, system mode and sub-mode, SIM state");
+    auto* pSignal = app.add_subcommand(
+        "signal", "signal bar, +CSQ rssi/ber, RSCP/Ec-Io, LTE RSRP/RSRQ/SINR, antenna level, "
+                  "EV-DO signal");
     MonitorOptions monitor;
     auto* pMonitor = app.add_subcommand(
-        "monitor", "print the service's events and the modem's reports as they arrive");
+        "monitor", "print the service's events as they arrive");
     pMonitor->add_option("--count", monitor.count, "stop after N lines")
         ->check(CLI::NonNegativeNumber);
     pMonitor->add_option("--timeout", monitor.timeoutS, "stop after S seconds")
         ->check(CLI::NonNegativeNumber);
+    pMonitor->add_flag("--raw", monitor.raw,
+                       "also print the modem's reports as the service receives them");
 
     try {
         app.parse(argc, argv);
@@ -113,8 +122,14 @@ int main(int argc, char** argv)
         status = RunLastErr(toolHost, lastErrType, output, std::cout, std::cerr);
     } else if (*pAddress) {
         status = RunAddress(toolHost, output, std::cout, std::cerr);
+    } else if (*pStatus) {
+        status = RunStatus(toolHost, output, std::cout, std::cerr);
+    } else if (*pSignal) {
+        status = RunSignal(toolHost, output, std::cout, std::cerr);
     } else if (*pMonitor) {
         status = RunMonitor(toolHost, monitor, output, std::cout, std::cerr);
+    } else {
+        status = RunOverview(toolHost, output, std::cout, std::cerr);
     }
     toolHost.Stop();
     return status;

@@ -1,0 +1,352 @@
+// What netsrvctl prints for the service's numbers: the name tables, the
+// status view of a SystemInfo record and the signal view of the readings.
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <set>
+#include <string>
+
+#include "Interface/NetSrvDef.h"
+#include "Names.h"
+#include "SignalView.h"
+#include "StatusView.h"
+
+namespace {
+
+using namespace netsrvctl;
+using namespace NETSRV_DATA;
+
+// Every value of the service's enumerations has a name of its own: two modes
+// that print alike would hide which one the modem is in.
+TEST(NetsrvctlNames, EveryEnumeratorHasADistinctName)
+{
+    struct Table {
+        const char* what;
+        const char* (*name)(int64_t);
+        std::vector<int64_t> values;
+    };
+    const Table tables[] = {
+        {"service status", ServiceStatusName,
+         {SYS_SRV_STATUS_NO_SRV, SYS_SRV_STATUS_LIMITED, SYS_SRV_STATUS_SRV,
+          SYS_SRV_STATUS_LIMITED_REGIONAL, SYS_SRV_STATUS_PWR_SAVE}},
+        {"system mode", SystemModeName,
+         {SYS_MODE_NOSERVICE_EX, SYS_MODE_GSM_EX, SYS_MODE_CDMA_EX, SYS_MODE_WCDMA_EX,
+          SYS_MODE_TD_SCDMA_EX, SYS_MODE_WIMAX_EX, SYS_MODE_LTE_EX}},
+        {"sub-mode", SubModeName,
+         {SUB_MODE_NOSERVICE_EX,        SUB_MODE_GSM_EX,
+          SUB_MODE_GPRS_EX,             SUB_MODE_EDGE_EX,
+          SUB_MODE_IS95A_EX,            SUB_MODE_IS95B_EX,
+          SUB_MODE_CDMA20001X_EX,       SUB_MODE_EVDORel0_EX,
+          SUB_MODE_EVDORelA_EX,         SUB_MODE_EVDORelB_EX,
+          SUB_MODE_HYBRID_CDMA20001X_EX, SUB_MODE_HYBRID_EVDORel0_EX,
+          SUB_MODE_HYBRID_EVDORelA_EX,  SUB_MODE_HYBRID_EVDORelB_EX,
+          SUB_MODE_EHRPD_Rel0,          SUB_MODE_EHRPD_RelA,
+          SUB_MODE_EHRPD_RelB,          SUB_MODE_HYBRID_EHRPD_Rel0,
+          SUB_MODE_HYBRID_EHRPD_RelA,   SUB_MODE_HYBRID_EHRPD_RelB,
+          SUB_MODE_WCDMA_EX,            SUB_MODE_HSDPA_EX,
+          SUB_MODE_HSUPA_EX,            SUB_MODE_HSPA_EX,
+          SUB_MODE_HSPA_PLU_EX,         SUB_MODE_DCHSPA_PLU_EX,
+          SUB_MODE_TDSCDMA_EX,          SUB_MODE_TD_HSDPA_EX,
+          SUB_MODE_TD_HSUPA_EX,         SUB_MODE_TD_HSPA_EX,
+          SUB_MODE_TD_HSPA_PLU_EX,      SUB_MODE_UNDEFINE_EX}},
+        {"roaming", RoamingName,
+         {SYS_ROAM_STATUS_OFF, SYS_ROAM_STATUS_ON, SYS_ROAM_STATUS_BLINK,
+          SYS_ROAM_STATUS_OUT_OF_NEIGHBORHOOD, SYS_ROAM_STATUS_OUT_OF_BLDG,
+          SYS_ROAM_STATUS_PREF_SYS, SYS_ROAM_STATUS_AVAIL_SYS, SYS_ROAM_STATUS_ALLIANCE_PARTNER,
+          SYS_ROAM_STATUS_PREMIUM_PARTNER, SYS_ROAM_STATUS_FULL_SVC, SYS_ROAM_STATUS_PARTIAL_SVC,
+          SYS_ROAM_STATUS_BANNER_ON, SYS_ROAM_STATUS_BANNER_OFF}},
+        {"domain", DomainName, {0, 1, 2, 3, 4, 255}},
+        {"SIM state", SimStateName, {0, 1, 2, 3, 4, 240, 255}},
+        {"lock state", LockStateName, {0, 1}},
+        {"operator status", OperatorStatusName, {0, 1, 2, 3}},
+        {"access technology", AccessTechnologyName, {0, 1, 2, 3, 4, 5, 6, 7}},
+    };
+    for (const Table& table : tables) {
+        std::set<std::string> seen;
+        for (int64_t value : table.values) {
+            const char* pszName = table.name(value);
+            ASSERT_NE(pszName, nullptr) << table.what << " " << value;
+            EXPECT_NE(std::string(pszName), "") << table.what << " " << value;
+            EXPECT_TRUE(seen.insert(pszName).second)
+                << table.what << " " << value << " repeats " << pszName;
+        }
+    }
+}
+
+TEST(NetsrvctlNames, WordsForTheNumbersModemsReport)
+{
+    struct Row {
+        const char* (*name)(int64_t);
+        int64_t value;
+        const char* expected;   // null: no name, the number is shown alone
+    };
+    const Row rows[] = {
+        {ServiceStatusName, 2, "normal service"},
+        {ServiceStatusName, 4, "power saving"},
+        {ServiceStatusName, 5, nullptr},
+        {ServiceStatusName, -1, nullptr},
+        {SystemModeName, 6, "LTE"},
+        {SystemModeName, 7, nullptr},
+        // The high-speed modes say which radio they run on.
+        {SubModeName, 45, "HSPA+ (WCDMA)"},
+        {SubModeName, 65, "HSPA+ (TD-SCDMA)"},
+        {SubModeName, 29, "hybrid EV-DO Rev. A"},
+        // An LTE modem's sub-mode is outside the enumeration.
+        {SubModeName, 101, nullptr},
+        {SubModeName, 4, nullptr},
+        {RoamingName, 0, "not roaming"},
+        {RoamingName, 1, "roaming"},
+        {RoamingName, 13, nullptr},
+        {DomainName, 3, "CS and PS"},
+        {DomainName, 255, "not applicable"},
+        {DomainName, 5, nullptr},
+        {SimStateName, 240, "ROM SIM"},
+        {SimStateName, 255, "absent"},
+        {SimStateName, 4, "invalid for CS and PS"},
+        {SimStateName, 5, nullptr},
+        {AccessTechnologyName, 7, "LTE"},
+        {AccessTechnologyName, 9, nullptr},
+    };
+    for (const Row& row : rows) {
+        const char* pszName = row.name(row.value);
+        if (row.expected == nullptr) {
+            EXPECT_EQ(pszName, nullptr) << row.value << " named " << pszName;
+        } else {
+            ASSERT_NE(pszName, nullptr) << row.value;
+            EXPECT_STREQ(pszName, row.expected);
+        }
+    }
+}
+
+SystemInfo Info(int32_t status, int32_t sysMode, int32_t domain, int32_t roam, int32_t sim,
+                int32_t subMode, int32_t lock, const char* pszModeName, const char* pszSubName)
+{
+    SystemInfo info;
+    info.dwSrvStatus = status;
+    info.dwSysMode = sysMode;
+    info.dwDomain = domain;
+    info.dwRoam = roam;
+    info.dwSimState = sim;
+    info.dwSubMode = subMode;
+    info.dwLockState = lock;
+    std::strncpy(info.szSysModeName, pszModeName, sizeof(info.szSysModeName) - 1);
+    std::strncpy(info.szSubModeName, pszSubName, sizeof(info.szSubModeName) - 1);
+    return info;
+}
+
+TEST(NetsrvctlStatusView, RecordsAsJsonAndText)
+{
+    struct Row {
+        const char* from;
+        SystemInfo info;
+        const char* json;
+        const char* text;
+    };
+    const Row rows[] = {
+        {"^SYSINFOEX: 2,3,0,1,0,6,\"LTE\",101,\"LTE\"",
+         Info(2, 6, 3, 0, 1, 101, 0, "LTE", "LTE"),
+         R"J({"service_status":2,"service_status_name":"normal service","system_mode":6,)J"
+         R"J("system_mode_name":"LTE","sub_mode":101,"sub_mode_name":"LTE","roaming":0,)J"
+         R"J("roaming_name":"not roaming","domain":3,"domain_name":"CS and PS","sim_state":1,)J"
+         R"J("sim_state_name":"valid","lock_state":0,"lock_state_name":"not locked",)J"
+         R"J("modem_mode_name":"LTE","modem_sub_mode_name":"LTE"})J",
+         "service status:   2 - normal service\n"
+         "system mode:      6 - LTE\n"
+         "sub-mode:         101 - LTE (the modem's name)\n"
+         "roaming:          0 - not roaming\n"
+         "domain:           3 - CS and PS\n"
+         "SIM state:        1 - valid\n"
+         "lock state:       0 - not locked\n"
+         "modem mode names: LTE / LTE\n"},
+        // Mapped from "^SYSINFO: 2,3,0,5,1,,9": no names, and the lock state
+        // is whatever the record held, so it is not shown.
+        {"^SYSINFO fallback", Info(2, 3, 3, 0, 1, 45, 1, "", ""),
+         R"J({"service_status":2,"service_status_name":"normal service","system_mode":3,)J"
+         R"J("system_mode_name":"WCDMA","sub_mode":45,"sub_mode_name":"HSPA+ (WCDMA)",)J"
+         R"J("roaming":0,"roaming_name":"not roaming","domain":3,"domain_name":"CS and PS",)J"
+         R"J("sim_state":1,"sim_state_name":"valid"})J",
+         "service status:   2 - normal service\n"
+         "system mode:      3 - WCDMA\n"
+         "sub-mode:         45 - HSPA+ (WCDMA)\n"
+         "roaming:          0 - not roaming\n"
+         "domain:           3 - CS and PS\n"
+         "SIM state:        1 - valid\n"
+         "lock state:       not reported\n"
+         "modem mode names: none (the modem answers only ^SYSINFO, which carries no names)\n"},
+        // Numbers no table knows, and no name from the modem for them.
+        {"unknown numbers", Info(9, 7, 6, 20, 5, 77, 2, "", "NR5G"),
+         R"J({"service_status":9,"system_mode":7,"sub_mode":77,"sub_mode_name":"NR5G",)J"
+         R"J("roaming":20,"domain":6,"sim_state":5,"lock_state":2,"modem_sub_mode_name":"NR5G"})J",
+         "service status:   9 - unknown\n"
+         "system mode:      7 - unknown\n"
+         "sub-mode:         77 - NR5G (the modem's name)\n"
+         "roaming:          20 - unknown\n"
+         "domain:           6 - unknown\n"
+         "SIM state:        5 - unknown\n"
+         "lock state:       2 - unknown\n"
+         "modem mode names: (none) / NR5G\n"},
+        // A CDMA modem: a hybrid sub-mode, domain not applicable, roaming
+        // indicator, our name for a mode the table knows over the modem's.
+        {"^SYSINFOEX: 2,255,2,240,1,2,\"CDMA\",29,\"HYBRID(EVDO RelA)\"",
+         Info(2, 2, 255, 2, 240, 29, 1, "CDMA", "HYBRID(EVDO RelA)"),
+         R"J({"service_status":2,"service_status_name":"normal service","system_mode":2,)J"
+         R"J("system_mode_name":"CDMA","sub_mode":29,"sub_mode_name":"hybrid EV-DO Rev. A",)J"
+         R"J("roaming":2,"roaming_name":"roaming indicator flashing","domain":255,)J"
+         R"J("domain_name":"not applicable","sim_state":240,"sim_state_name":"ROM SIM",)J"
+         R"J("lock_state":1,"lock_state_name":"locked","modem_mode_name":"CDMA",)J"
+         R"J("modem_sub_mode_name":"HYBRID(EVDO RelA)"})J",
+         "service status:   2 - normal service\n"
+         "system mode:      2 - CDMA\n"
+         "sub-mode:         29 - hybrid EV-DO Rev. A\n"
+         "roaming:          2 - roaming indicator flashing\n"
+         "domain:           255 - not applicable\n"
+         "SIM state:        240 - ROM SIM\n"
+         "lock state:       1 - locked\n"
+         "modem mode names: CDMA / HYBRID(EVDO RelA)\n"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.from);
+        EXPECT_EQ(StatusJson(row.info).dump(), row.json);
+        EXPECT_EQ(StatusText(row.info), row.text);
+    }
+}
+
+TEST(NetsrvctlStatusView, ModemNamesAreBoundedAndPrintable)
+{
+    SystemInfo info = Info(2, 6, 3, 0, 1, 101, 0, "", "");
+    // A name that fills its field without a terminator ends at the field.
+    std::memset(info.szSysModeName, 'L', sizeof(info.szSysModeName));
+    // A stray CR and an escape from the modem do not reach the terminal.
+    std::strcpy(info.szSubModeName, "LTE\r\x1b[2J");
+    const auto json = StatusJson(info);
+    EXPECT_EQ(json["modem_mode_name"], std::string(64, 'L'));
+    EXPECT_EQ(json["modem_sub_mode_name"], "LTE??[2J");
+    EXPECT_EQ(json["sub_mode_name"], "LTE??[2J");
+    const std::string text = StatusText(info);
+    EXPECT_EQ(text.find('\r'), std::string::npos) << text;
+    EXPECT_EQ(text.find('\x1b'), std::string::npos) << text;
+    EXPECT_NE(text.find("modem mode names: " + std::string(64, 'L') + " / LTE??[2J\n"),
+              std::string::npos)
+        << text;
+}
+
+TEST(NetsrvctlSignalView, TheBarRoundsToTheNearestCell)
+{
+    const struct {
+        int percent;
+        const char* bar;
+    } rows[] = {
+        {0, "[----------] 0%"},     {4, "[----------] 4%"},     {5, "[#---------] 5%"},
+        {64, "[######----] 64%"},   {65, "[#######---] 65%"},   {99, "[##########] 99%"},
+        {100, "[##########] 100%"}, {129, "[##########] 129%"}, {-3, "[----------] -3%"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(SignalBar(row.percent), row.bar);
+    }
+}
+
+SignalReadings LteReadings()
+{
+    SignalReadings r;
+    r.percent = 20;
+    NETSRV_DATA::RowRSSI csq;
+    csq.nRSSI = 22;
+    csq.nBer = 99;
+    r.csq = csq;
+    LteSignal lte;
+    lte.nRSRP = -122;
+    lte.nRSRQ = -20;
+    r.lte = lte;
+    LteScInfo cell;
+    cell.pci = 301;
+    cell.dlsinr = -3;
+    cell.numant = 1;
+    r.lteCell = cell;
+    r.antennaLevel = 4;
+    return r;
+}
+
+TEST(NetsrvctlSignalView, OnlyTheReadingsTheModemGave)
+{
+    SignalReadings wcdma;
+    wcdma.percent = 51;
+    NETSRV_DATA::Signal quality;
+    quality.nRSCP = -91;
+    quality.nECIO = -7;
+    wcdma.quality = quality;
+    NETSRV_DATA::RowRSSI csq;
+    csq.nRSSI = 99;
+    csq.nBer = 3;
+    wcdma.csq = csq;
+
+    SignalReadings evdoOnly;
+    evdoOnly.evdoPercent = 60;
+
+    struct Row {
+        const char* what;
+        SignalReadings readings;
+        const char* json;
+        const char* text;
+    };
+    const Row rows[] = {
+        {"LTE", LteReadings(),
+         R"J({"signal_percent":20,"rssi":22,"ber":99,"rsrp":-122,"rsrq":-20,"sinr":-3,)J"
+         R"J("pci":301,"antennas":1,"antenna_level":4})J",
+         "signal:        [##--------] 20%\n"
+         "rssi:          22\n"
+         "ber:           99 (not known)\n"
+         "RSCP:          not reported\n"
+         "Ec/Io:         not reported\n"
+         "RSRP:          -122 dBm\n"
+         "RSRQ:          -20 dB\n"
+         "SINR:          -3 dB\n"
+         "LTE cell:      PCI 301, 1 antenna\n"
+         "antenna level: 4\n"
+         "EV-DO signal:  not reported\n"},
+        {"WCDMA", wcdma,
+         R"J({"signal_percent":51,"rssi":99,"ber":3,"rscp":-91,"ecio":-7})J",
+         "signal:        [#####-----] 51%\n"
+         "rssi:          99 (not known)\n"
+         "ber:           3\n"
+         "RSCP:          -91 dBm\n"
+         "Ec/Io:         -7 dB\n"
+         "RSRP:          not reported\n"
+         "RSRQ:          not reported\n"
+         "SINR:          not reported\n"
+         "LTE cell:      not reported\n"
+         "antenna level: not reported\n"
+         "EV-DO signal:  not reported\n"},
+        {"EV-DO without the bar", evdoOnly, R"J({"evdo_percent":60})J",
+         "signal:        not reported\n"
+         "rssi:          not reported\n"
+         "ber:           not reported\n"
+         "RSCP:          not reported\n"
+         "Ec/Io:         not reported\n"
+         "RSRP:          not reported\n"
+         "RSRQ:          not reported\n"
+         "SINR:          not reported\n"
+         "LTE cell:      not reported\n"
+         "antenna level: not reported\n"
+         "EV-DO signal:  [######----] 60%\n"},
+        {"nothing", SignalReadings(), "{}",
+         "signal:        not reported\n"
+         "rssi:          not reported\n"
+         "ber:           not reported\n"
+         "RSCP:          not reported\n"
+         "Ec/Io:         not reported\n"
+         "RSRP:          not reported\n"
+         "RSRQ:          not reported\n"
+         "SINR:          not reported\n"
+         "LTE cell:      not reported\n"
+         "antenna level: not reported\n"
+         "EV-DO signal:  not reported\n"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        EXPECT_EQ(SignalJson(row.readings).dump(), row.json);
+        EXPECT_EQ(SignalText(row.readings), row.text);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,106 @@
+#include "SignalView.h"
+
+#include <algorithm>
+
+namespace netsrvctl {
+
+namespace {
+const char* const kNotReported = "not reported";
+// "+CSQ" gives 99 for an rssi or a bit error rate that it does not know.
+const int kCsqUnknown = 99;
+const size_t kLabelWidth = 15;   // "antenna level: "
+const int kBarCells = 10;
+
+std::string Line(const std::string& label, const std::string& value)
+{
+    std::string line = label + ":";
+    line.append(line.size() < kLabelWidth ? kLabelWidth - line.size() : 1, ' ');
+    return line + value + "\n";
+}
+
+template <typename T, typename F>
+std::string Shown(const std::optional<T>& reading, F format)
+{
+    return reading ? format(*reading) : kNotReported;
+}
+
+std::string CsqValue(int value)
+{
+    return std::to_string(value) + (value == kCsqUnknown ? " (not known)" : "");
+}
+
+std::string WithUnit(int value, const char* pszUnit)
+{
+    return std::to_string(value) + " " + pszUnit;
+}
+}  // namespace
+
+std::string SignalBar(int percent)
+{
+    const int cells = std::min(kBarCells, std::max(0, (percent + 5) / 10));
+    return "[" + std::string(static_cast<size_t>(cells), '#') +
+           std::string(static_cast<size_t>(kBarCells - cells), '-') + "] " +
+           std::to_string(percent) + "%";
+}
+
+nlohmann::ordered_json SignalJson(const SignalReadings& r)
+{
+    nlohmann::ordered_json json = nlohmann::ordered_json::object();
+    if (r.percent) {
+        json["signal_percent"] = *r.percent;
+    }
+    if (r.csq) {
+        json["rssi"] = r.csq->nRSSI;
+        json["ber"] = r.csq->nBer;
+    }
+    if (r.quality) {
+        json["rscp"] = r.quality->nRSCP;
+        json["ecio"] = r.quality->nECIO;
+    }
+    if (r.lte) {
+        json["rsrp"] = r.lte->nRSRP;
+        json["rsrq"] = r.lte->nRSRQ;
+    }
+    if (r.lteCell) {
+        json["sinr"] = r.lteCell->dlsinr;
+        json["pci"] = r.lteCell->pci;
+        json["antennas"] = r.lteCell->numant;
+    }
+    if (r.antennaLevel) {
+        json["antenna_level"] = *r.antennaLevel;
+    }
+    if (r.evdoPercent) {
+        json["evdo_percent"] = *r.evdoPercent;
+    }
+    return json;
+}
+
+std::string SignalText(const SignalReadings& r)
+{
+    using NETSRV_DATA::RowRSSI;
+    using NETSRV_DATA::Signal;
+    std::string text;
+    text += Line("signal", Shown(r.percent, SignalBar));
+    text += Line("rssi", Shown(r.csq, [](const RowRSSI& v) { return CsqValue(v.nRSSI); }));
+    text += Line("ber", Shown(r.csq, [](const RowRSSI& v) { return CsqValue(v.nBer); }));
+    text += Line("RSCP",
+                 Shown(r.quality, [](const Signal& v) { return WithUnit(v.nRSCP, "dBm"); }));
+    text += Line("Ec/Io",
+                 Shown(r.quality, [](const Signal& v) { return WithUnit(v.nECIO, "dB"); }));
+    text += Line("RSRP",
+                 Shown(r.lte, [](const LteSignal& v) { return WithUnit(v.nRSRP, "dBm"); }));
+    text += Line("RSRQ",
+                 Shown(r.lte, [](const LteSignal& v) { return WithUnit(v.nRSRQ, "dB"); }));
+    text += Line("SINR",
+                 Shown(r.lteCell, [](const LteScInfo& v) { return WithUnit(v.dlsinr, "dB"); }));
+    text += Line("LTE cell", Shown(r.lteCell, [](const LteScInfo& v) {
+                     return "PCI " + std::to_string(v.pci) + ", " + std::to_string(v.numant) +
+                            (v.numant == 1 ? " antenna" : " antennas");
+                 }));
+    text += Line("antenna level",
+                 Shown(r.antennaLevel, [](int level) { return std::to_string(level); }));
+    text += Line("EV-DO signal", Shown(r.evdoPercent, SignalBar));
+    return text;
+}
+
+}  // namespace netsrvctl
