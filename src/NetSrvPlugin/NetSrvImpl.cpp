@@ -2,6 +2,7 @@
 // execute-and-wait road of its first query, the modem's last error.
 
 #include "NetSrvImpl.h"
+#include "NetSrvOutputs.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -183,11 +184,7 @@ bool CNetSrvImpl::ExecuteWaitResponse(IProcessor* pProcessor, ICommand* pCmd, IC
 
 bool CNetSrvImpl::SRVGetLastErr(NETSRV_DATA::SRV_LAST_ERROR* pLastErr, unsigned long* pdwStatus)
 {
-    if (pdwStatus == nullptr) {
-        return false;
-    }
-    if (pLastErr == nullptr) {
-        *pdwStatus = NETSRV_ERROR_BAD_PARAM;
+    if (!OutputsUsable(pLastErr, pdwStatus)) {
         return false;
     }
 

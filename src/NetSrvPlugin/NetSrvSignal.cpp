@@ -18,6 +18,7 @@
 #include "NetSrvAtCommonds.h"
 #include "NetSrvHcsq.h"
 #include "NetSrvImpl.h"
+#include "NetSrvOutputs.h"
 #include "NetSrvPlugin.h"
 #include "NetSrvSignalMath.h"
 #include "NetSrvTrace.h"
@@ -81,6 +82,20 @@ int DeviceKind()
     return pDeviceService->GetProductType();
 }
 
+// The last fall-back of every signal bar: the "+CSQ" rssi (TD-SCDMA's offset
+// already taken off). pszFailure is traced when even that cannot be read.
+bool ReadRowRssi(CNetSrvImpl& service, const char* pszFailure, int& iRssi)
+{
+    NETSRV_DATA::RowRSSI stRow;
+    unsigned long dwStatus = 0;
+    if (!service.SRVGetRowRSSI(&stRow, &dwStatus)) {
+        NetSrvTrace(TL_ERRO, pszFailure);
+        return false;
+    }
+    iRssi = stRow.nRSSI;
+    return true;
+}
+
 }  // namespace
 
 bool CNetSrvImpl::SRVGetHCSQInfo(NETSRV_DATA::HCSQ_INFO* pHCSQInfo)
@@ -116,11 +131,7 @@ bool CNetSrvImpl::SRVGetHCSQInfo(NETSRV_DATA::HCSQ_INFO* pHCSQInfo)
 
 bool CNetSrvImpl::SRVGetRowRSSI(NETSRV_DATA::RowRSSI* pstRssi, unsigned long* pdwStatus)
 {
-    if (pdwStatus == nullptr) {
-        return false;
-    }
-    if (pstRssi == nullptr) {
-        *pdwStatus = NETSRV_ERROR_BAD_PARAM;
+    if (!OutputsUsable(pstRssi, pdwStatus)) {
         return false;
     }
     IProcessor* pProcessor = GetAtProcessor();
@@ -157,11 +168,7 @@ bool CNetSrvImpl::SRVGetRowRSSI(NETSRV_DATA::RowRSSI* pstRssi, unsigned long* pd
 
 bool CNetSrvImpl::SRVGetCurRSSI(NETSRV_DATA::RSSIType* pstRssi, unsigned long* pdwStatus)
 {
-    if (pdwStatus == nullptr) {
-        return false;
-    }
-    if (pstRssi == nullptr) {
-        *pdwStatus = NETSRV_ERROR_BAD_PARAM;
+    if (!OutputsUsable(pstRssi, pdwStatus)) {
         return false;
     }
 
@@ -218,13 +225,11 @@ bool CNetSrvImpl::GetCurrentGWSignalPer(int& iPer)
         return true;
     }
     NetSrvTrace(TL_ERRO, "HCSQ havn't get GW info");
-    NETSRV_DATA::RowRSSI stRow;
-    unsigned long dwStatus = 0;
-    if (!SRVGetRowRSSI(&stRow, &dwStatus)) {
-        NetSrvTrace(TL_ERRO, "GetCurrentGWSignalPer get csq result error");
+    int iRowRssi = 0;
+    if (!ReadRowRssi(*this, "GetCurrentGWSignalPer get csq result error", iRowRssi)) {
         return false;
     }
-    iPer = RssiToPercent(stRow.nRSSI);
+    iPer = RssiToPercent(iRowRssi);
     return true;
 }
 
@@ -237,15 +242,13 @@ bool CNetSrvImpl::GetCurrentTDSignalPer(int& iPer)
         return true;
     }
     NetSrvTrace(TL_ERRO, "HCSQ havn't get TD info");
-    NETSRV_DATA::RowRSSI stRow;
-    unsigned long dwStatus = 0;
-    if (!SRVGetRowRSSI(&stRow, &dwStatus)) {
-        NetSrvTrace(TL_ERRO, "GetCurrentTDSignalPer get csq result error");
+    int iRowRssi = 0;
+    if (!ReadRowRssi(*this, "GetCurrentTDSignalPer get csq result error", iRowRssi)) {
         return false;
     }
     // SRVGetRowRSSI has already taken the TD-SCDMA offset of 100 off (and made
     // 99 a 0), so the value goes straight into the TD scale.
-    iPer = stRow.nRSSI * 100 / 91;
+    iPer = iRowRssi * 100 / 91;
     return true;
 }
 
@@ -272,13 +275,11 @@ bool CNetSrvImpl::GetCurrentCDMAMODESignalPer(int& iPer)
         return true;
     }
     NetSrvTrace(TL_ERRO, "CSQLVL havn't get CDMA info");
-    NETSRV_DATA::RowRSSI stRow;
-    unsigned long dwStatus = 0;
-    if (!SRVGetRowRSSI(&stRow, &dwStatus)) {
-        NetSrvTrace(TL_ERRO, "GetCurrentCDMAMODESignalPer get csq result error");
+    int iRowRssi = 0;
+    if (!ReadRowRssi(*this, "GetCurrentCDMAMODESignalPer get csq result error", iRowRssi)) {
         return false;
     }
-    iPer = RssiToPercent(stRow.nRSSI);
+    iPer = RssiToPercent(iRowRssi);
     return true;
 }
 
@@ -335,13 +336,11 @@ bool CNetSrvImpl::GetCurrentLteSignalPer(int& iPer)
 
     if (iRsrp == NETSRV_DATA::HCSQ_NOT_REPORTED || iSinr == NETSRV_DATA::HCSQ_NOT_REPORTED) {
         NetSrvTrace(TL_ERRO, "LTERSRP or LTESCINFO havn't get LTE info");
-        NETSRV_DATA::RowRSSI stRow;
-        unsigned long dwStatus = 0;
-        if (!SRVGetRowRSSI(&stRow, &dwStatus)) {
-            NetSrvTrace(TL_ERRO, "GetCurrentLteSignalPer get csq result error");
+        int iRowRssi = 0;
+        if (!ReadRowRssi(*this, "GetCurrentLteSignalPer get csq result error", iRowRssi)) {
             return false;
         }
-        iPer = RssiToPercent(stRow.nRSSI);
+        iPer = RssiToPercent(iRowRssi);
         return true;
     }
     iPer = 20 * GetLteSignalStrength(iRsrp, iSinr);
@@ -350,11 +349,7 @@ bool CNetSrvImpl::GetCurrentLteSignalPer(int& iPer)
 
 bool CNetSrvImpl::SRVGetSignalQuality(NETSRV_DATA::Signal* pstSignal, unsigned long* pdwStatus)
 {
-    if (pdwStatus == nullptr) {
-        return false;
-    }
-    if (pstSignal == nullptr) {
-        *pdwStatus = NETSRV_ERROR_BAD_PARAM;
+    if (!OutputsUsable(pstSignal, pdwStatus)) {
         return false;
     }
 
@@ -395,11 +390,7 @@ bool CNetSrvImpl::SRVGetSignalQuality(NETSRV_DATA::Signal* pstSignal, unsigned l
 
 bool CNetSrvImpl::SRVGetHdrRssiInfo(NETSRV_DATA::RSSIType* pstRssi, unsigned long* pdwStatus)
 {
-    if (pdwStatus == nullptr) {
-        return false;
-    }
-    if (pstRssi == nullptr) {
-        *pdwStatus = NETSRV_ERROR_BAD_PARAM;
+    if (!OutputsUsable(pstRssi, pdwStatus)) {
         return false;
     }
 
@@ -444,11 +435,7 @@ bool CNetSrvImpl::SRVGetHdrRssiInfo(NETSRV_DATA::RSSIType* pstRssi, unsigned lon
 
 bool CNetSrvImpl::SRVGetAntennaLevel(NETSRV_DATA::AntennaLevel* pstLevel, unsigned long* pdwStatus)
 {
-    if (pdwStatus == nullptr) {
-        return false;
-    }
-    if (pstLevel == nullptr) {
-        *pdwStatus = NETSRV_ERROR_BAD_PARAM;
+    if (!OutputsUsable(pstLevel, pdwStatus)) {
         return false;
     }
     IProcessor* pProcessor = GetAtProcessor();
@@ -490,11 +477,7 @@ bool CNetSrvImpl::SRVGetHCSQRssi(int* piRssi)
 
 bool CNetSrvImpl::SRVGetLteSignalQuality(LteSignal* pstSignal, unsigned long* pdwStatus)
 {
-    if (pdwStatus == nullptr) {
-        return false;
-    }
-    if (pstSignal == nullptr) {
-        *pdwStatus = NETSRV_ERROR_BAD_PARAM;
+    if (!OutputsUsable(pstSignal, pdwStatus)) {
         return false;
     }
 
@@ -534,11 +517,7 @@ bool CNetSrvImpl::SRVGetLteSignalQuality(LteSignal* pstSignal, unsigned long* pd
 
 bool CNetSrvImpl::SRVGetLteScInfo(LteScInfo* pstInfo, unsigned long* pdwStatus)
 {
-    if (pdwStatus == nullptr) {
-        return false;
-    }
-    if (pstInfo == nullptr) {
-        *pdwStatus = NETSRV_ERROR_BAD_PARAM;
+    if (!OutputsUsable(pstInfo, pdwStatus)) {
         return false;
     }
     IProcessor* pProcessor = GetAtProcessor();

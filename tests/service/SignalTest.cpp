@@ -1,8 +1,8 @@
 // The signal queries: "^HCSQ" first, each query's own fall-back after it, the
 // signal-bar formula chosen by device kind and system mode, error words and
-// traces.
+// traces. The formulas themselves are pinned by the unit tests; here each
+// branch shows which one it takes.
 
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,6 +17,10 @@ typedef std::vector<std::string> Fields;
 typedef std::vector<Fields> Lines;
 
 const char* const kNoProcessor = "CNetSrvImpl IProcess pointer is null";
+const int kG = DevDataDef::PRODUCT_TYPE_WCDMA;
+const int kT = DevDataDef::PRODUCT_TYPE_TD_SCDMA;
+const int kC = DevDataDef::PRODUCT_TYPE_CDMA;
+const unsigned long kTimeout = AT_ERROR_TIMEOUT;
 
 // One scripted exchange: the command and either its answer lines or a failure code.
 struct Step {
@@ -39,9 +43,9 @@ Step Hcsq(const Lines& lines)
 {
     return Answer("^HCSQ", AtForm::Read, lines);
 }
-Step HcsqFails(unsigned long code = AT_ERROR_NOT_SUPPORTED)
+Step HcsqFails()
 {
-    return Fails("^HCSQ", AtForm::Read, code);
+    return Fails("^HCSQ", AtForm::Read, AT_ERROR_NOT_SUPPORTED);
 }
 // "AT+CSQ" answered "+CSQ: <rssi>,99".
 Step Csq(int rssi)
@@ -55,13 +59,93 @@ Step Mode(int sysMode)
                   {{"2", "3", "0", "1", "0", std::to_string(sysMode), "X", "101", "X"}});
 }
 
-struct CurRssiRow {
+// A query on records preset to values no reading gives, and what it left in
+// them, as text.
+struct Outcome {
+    bool ok;
+    std::string out;
+};
+typedef Outcome (*Query)(CNetSrvImpl& service, unsigned long* pdwStatus);
+
+std::string Text(int a, int b)
+{
+    return std::to_string(a) + "," + std::to_string(b);
+}
+
+// "percent,nRSSI"
+Outcome CurRssi(CNetSrvImpl& s, unsigned long* e)
+{
+    RSSIType v;
+    v.nRSSI = -5;
+    v.btRSSIPercent = 7;
+    const bool ok = s.SRVGetCurRSSI(&v, e);
+    return {ok, Text(v.btRSSIPercent, v.nRSSI)};
+}
+Outcome HdrRssi(CNetSrvImpl& s, unsigned long* e)
+{
+    RSSIType v;
+    v.nRSSI = -5;
+    v.btRSSIPercent = 7;
+    const bool ok = s.SRVGetHdrRssiInfo(&v, e);
+    return {ok, Text(v.btRSSIPercent, v.nRSSI)};
+}
+// "rscp,ecio"
+Outcome Quality(CNetSrvImpl& s, unsigned long* e)
+{
+    NETSRV_DATA::Signal v;
+    v.nRSCP = 1;
+    v.nECIO = 2;
+    const bool ok = s.SRVGetSignalQuality(&v, e);
+    return {ok, Text(v.nRSCP, v.nECIO)};
+}
+// "rsrp,rsrq"
+Outcome LteQuality(CNetSrvImpl& s, unsigned long* e)
+{
+    LteSignal v;
+    v.nRSRP = 1;
+    v.nRSRQ = 2;
+    const bool ok = s.SRVGetLteSignalQuality(&v, e);
+    return {ok, Text(v.nRSRP, v.nRSRQ)};
+}
+// "pci,dlsinr,numant"
+Outcome ScInfo(CNetSrvImpl& s, unsigned long* e)
+{
+    LteScInfo v;
+    const bool ok = s.SRVGetLteScInfo(&v, e);
+    return {ok, Text(v.pci, v.dlsinr) + "," + std::to_string(v.numant)};
+}
+Outcome Antenna(CNetSrvImpl& s, unsigned long* e)
+{
+    AntennaLevel v;
+    const bool ok = s.SRVGetAntennaLevel(&v, e);
+    return {ok, std::to_string(v.wLevel)};
+}
+// "rssi,ber"
+Outcome RowRssi(CNetSrvImpl& s, unsigned long* e)
+{
+    RowRSSI v;
+    v.nRSSI = 5;
+    v.nBer = 6;
+    const bool ok = s.SRVGetRowRSSI(&v, e);
+    return {ok, Text(v.nRSSI, v.nBer)};
+}
+// No error word: the caller's stays as it was.
+Outcome HcsqRssi(CNetSrvImpl& s, unsigned long*)
+{
+    int v = -7;
+    const bool ok = s.SRVGetHCSQRssi(&v);
+    return {ok, std::to_string(v)};
+}
+
+struct Row {
     const char* what;
-    int kind;
+    Query query;
+    int kind;   // the device kind the host reports
     std::vector<Step> steps;
-    std::optional<int> percent;         // none: the query fails
-    unsigned long errorWord;            // after a failure
-    std::vector<std::string> traced;
+    bool ok;
+    std::string out;
+    unsigned long err;                 // the error word afterwards; 777 is the caller's
+    std::vector<std::string> traced;   // every TL_ERRO trace of the call
 };
 
 class SignalQueries : public ServiceFixture {
@@ -72,186 +156,192 @@ protected:
         Service();
     }
 
-    // A fresh start for a table row: the next system-information read goes to
-    // the modem, the traces so far are forgotten.
-    void StartRow(const std::vector<Step>& steps)
+    // Each row on a fresh script: the next system-information read goes to
+    // the modem, and only the row's own traces count.
+    void RunRows(const std::vector<Row>& rows)
     {
-        service->OnDeviceMgrEvent(IDeviceMgrEvent::EVENT_DEVICE_REJECT, nullptr);
-        traces.Clear();
-        for (const Step& step : steps) {
-            testkit::Expectation& e = processor.Expect(step.name, step.form);
-            if (step.failCode != 0) {
-                e.Fail(step.failCode);
-            } else {
-                e.AnswerLines(step.lines);
+        for (const Row& row : rows) {
+            SCOPED_TRACE(row.what);
+            deviceService.SetProductType(row.kind);
+            service->OnDeviceMgrEvent(IDeviceMgrEvent::EVENT_DEVICE_REJECT, nullptr);
+            traces.Clear();
+            for (const Step& step : row.steps) {
+                testkit::Expectation& e = processor.Expect(step.name, step.form);
+                if (step.failCode != 0) {
+                    e.Fail(step.failCode);
+                } else {
+                    e.AnswerLines(step.lines);
+                }
             }
+            unsigned long err = 777;
+            const Outcome outcome = row.query(*service, &err);
+            processor.VerifyAllUsed();
+            EXPECT_EQ(outcome.ok, row.ok);
+            EXPECT_EQ(outcome.out, row.out);
+            EXPECT_EQ(err, row.err);
+            ExpectErrorTraces(row.traced);
+        }
+        for (const testkit::ExecutedCall& call : processor.Calls()) {
+            EXPECT_EQ(call.timeoutMs, 30000u) << call.request.name;
+            EXPECT_EQ(call.kind == testkit::ExecutedCall::Kind::WithMultiResponse,
+                      call.request.name == "^HCSQ");
         }
     }
 
-    // Every expected trace came exactly once, at TL_ERRO.
-    void ExpectTraced(const std::vector<std::string>& messages)
-    {
-        for (const std::string& message : messages) {
-            EXPECT_EQ(traces.Count(message, TL_ERRO), 1) << message;
-        }
-    }
-
-    // Errors traced so far (the service's own notes at lower levels aside).
-    size_t ErrorTraceCount() const
+    // Exactly these errors were traced, each once.
+    void ExpectErrorTraces(const std::vector<std::string>& messages)
     {
         size_t n = 0;
         for (const testkit::TraceLine& line : traces.Lines()) {
             n += line.level == TL_ERRO ? 1 : 0;
         }
-        return n;
-    }
-
-    // One signal-bar reading per row, each on its own script.
-    void RunCurRssiRows(const std::vector<CurRssiRow>& rows)
-    {
-        for (const CurRssiRow& row : rows) {
-            SCOPED_TRACE(row.what);
-            deviceService.SetProductType(row.kind);
-            StartRow(row.steps);
-            RSSIType rssi;
-            rssi.nRSSI = -5;
-            rssi.btRSSIPercent = 7;
-            unsigned long err = 777;
-            const bool bResult = service->SRVGetCurRSSI(&rssi, &err);
-            processor.VerifyAllUsed();
-            if (row.percent) {
-                EXPECT_TRUE(bResult);
-                EXPECT_EQ(rssi.btRSSIPercent, *row.percent);
-                EXPECT_EQ(rssi.nRSSI, 0);
-                EXPECT_EQ(err, 777u) << "success leaves the error word alone";
-                EXPECT_EQ(traces.Count("SRVGetCurRSSI() error"), 0);
-            } else {
-                EXPECT_FALSE(bResult);
-                EXPECT_EQ(err, row.errorWord);
-                EXPECT_EQ(rssi.btRSSIPercent, 7);
-                EXPECT_EQ(rssi.nRSSI, -5);
-            }
-            ExpectTraced(row.traced);
+        EXPECT_EQ(n, messages.size());
+        for (const std::string& message : messages) {
+            EXPECT_EQ(traces.Count(message, TL_ERRO), 1) << message;
         }
     }
 };
 
-// ---- the signal bar ------------------------------------------------------------
-
-TEST_F(SignalQueries, CurRssiFormulaByDeviceKindAndMode)
+TEST_F(SignalQueries, SignalBarChoosesItsFormulaAndFallBack)
 {
-    const std::vector<CurRssiRow> rows = {
-        {"WCDMA", DevDataDef::PRODUCT_TYPE_WCDMA,
-         {Mode(SYS_MODE_WCDMA_EX), Hcsq({{"WCDMA", "40", "30", "50"}})}, 51, 0, {}},
-        {"GSM", DevDataDef::PRODUCT_TYPE_WCDMA,
-         {Mode(SYS_MODE_GSM_EX), Hcsq({{"GSM", "36", "255"}})}, 45, 0, {}},
-        {"no service", DevDataDef::PRODUCT_TYPE_WCDMA,
-         {Mode(SYS_MODE_NOSERVICE_EX), Hcsq({{"NOSERVICE"}})}, 0, 0, {}},
-        // The mode decides, not the radio the "^HCSQ" lines name.
-        {"WCDMA mode, LTE line", DevDataDef::PRODUCT_TYPE_WCDMA,
-         {Mode(SYS_MODE_WCDMA_EX), Hcsq({{"LTE", "30", "50", "130", "20"}})}, 0, 0, {}},
-        {"TD-SCDMA", DevDataDef::PRODUCT_TYPE_TD_SCDMA,
-         {Mode(SYS_MODE_TD_SCDMA_EX), Hcsq({{"TD-SCDMA", "50", "40", "60"}})}, 49, 0, {}},
-        {"TD mode without a TD line", DevDataDef::PRODUCT_TYPE_WCDMA,
-         {Mode(SYS_MODE_TD_SCDMA_EX), Hcsq({{"GSM", "36"}})}, 0, 0, {}},
-        {"TD-SCDMA beyond a byte", DevDataDef::PRODUCT_TYPE_TD_SCDMA,
-         {Mode(SYS_MODE_TD_SCDMA_EX), Hcsq({{"TD-SCDMA", "255000"}})}, 150, 0, {}},  // 280214
-        {"LTE level 4", DevDataDef::PRODUCT_TYPE_WCDMA,
-         {Mode(SYS_MODE_LTE_EX), Hcsq({{"LTE", "30", "50", "130", "20"}})}, 80, 0,
-         {"SRVGetCurRSSI ReadHcsqCmd success"}},
-        {"LTE level 1", DevDataDef::PRODUCT_TYPE_TD_SCDMA,
-         {Mode(SYS_MODE_LTE_EX), Hcsq({{"LTE", "30", "60", "80", "20"}})}, 20, 0,
-         {"SRVGetCurRSSI ReadHcsqCmd success"}},
-        {"CDMA", DevDataDef::PRODUCT_TYPE_CDMA, {Hcsq({{"CDMA", "50", "20"}})}, 67, 0, {}},
-        {"CDMA device on EV-DO only", DevDataDef::PRODUCT_TYPE_CDMA,
-         {Hcsq({{"EVDO", "40", "30", "100"}})}, 0, 0, {}},
-        // A modem that answers neither system-information read counts as out
-        // of service: the GSM/WCDMA road.
-        {"mode unknown", DevDataDef::PRODUCT_TYPE_WCDMA,
+    const char* const kLteHcsq = "SRVGetCurRSSI ReadHcsqCmd success";
+    const char* const kLteNone = "LTERSRP or LTESCINFO havn't get LTE info";
+    const Step lteLine = Hcsq({{"LTE", "30", "50", "130", "20"}});
+    const Step wcdmaLine = Hcsq({{"WCDMA", "40", "30", "50"}});
+    const Step onWcdma = Mode(SYS_MODE_WCDMA_EX);
+    const Step onTd = Mode(SYS_MODE_TD_SCDMA_EX);
+    const Step onLte = Mode(SYS_MODE_LTE_EX);
+    const std::vector<Row> rows = {
+        // "^HCSQ" answered: the system mode picks the formula, whatever radio
+        // the lines name.
+        {"WCDMA", CurRssi, kG, {onWcdma, wcdmaLine}, true, "51,0", 777, {}},
+        {"WCDMA mode, LTE line", CurRssi, kG, {onWcdma, lteLine}, true, "0,0", 777, {}},
+        {"TD-SCDMA", CurRssi, kT, {onTd, Hcsq({{"TD-SCDMA", "50", "40", "60"}})}, true, "49,0",
+         777, {}},
+        {"TD mode without a TD line", CurRssi, kG, {onTd, Hcsq({{"GSM", "36"}})}, true, "0,0",
+         777, {}},
+        {"LTE", CurRssi, kG, {onLte, lteLine}, true, "80,0", 777, {kLteHcsq}},
+        {"CDMA device", CurRssi, kC, {Hcsq({{"CDMA", "50", "20"}})}, true, "67,0", 777, {}},
+        // Neither system-information read answers: out of service, the GSM/WCDMA road.
+        {"mode unknown", CurRssi, kG,
          {Fails("^SYSINFOEX", AtForm::Bare, 4), Fails("^SYSINFO", AtForm::Bare, 4),
           Hcsq({{"GSM", "36"}})},
-         45, 0, {}},
-    };
-    RunCurRssiRows(rows);
-}
+         true, "45,0", 777, {"GetSystemInfo: Execute AT command error"}},
 
-// Without "^HCSQ" each road has its older commands.
-TEST_F(SignalQueries, CurRssiFallBacks)
-{
-    const std::vector<CurRssiRow> rows = {
-        // GSM/WCDMA: "+CSQ" on its own scale.
-        {"GW by +CSQ", DevDataDef::PRODUCT_TYPE_WCDMA,
-         {Mode(SYS_MODE_WCDMA_EX), HcsqFails(), Csq(17)}, 54, 0, {"HCSQ havn't get GW info"}},
-        {"GW +CSQ top", DevDataDef::PRODUCT_TYPE_WCDMA,
-         {Mode(SYS_MODE_GSM_EX), HcsqFails(), Csq(31)}, 100, 0, {"HCSQ havn't get GW info"}},
-        {"GW +CSQ unknown", DevDataDef::PRODUCT_TYPE_WCDMA,
-         {Mode(SYS_MODE_GSM_EX), HcsqFails(), Csq(99)}, 0, 0, {"HCSQ havn't get GW info"}},
-        {"GW +CSQ out of range wraps", DevDataDef::PRODUCT_TYPE_WCDMA,
-         {Mode(SYS_MODE_GSM_EX), HcsqFails(), Csq(40)}, 129, 0, {"HCSQ havn't get GW info"}},
-        {"GW nothing", DevDataDef::PRODUCT_TYPE_WCDMA,
-         {Mode(SYS_MODE_WCDMA_EX), HcsqFails(), Fails("+CSQ", AtForm::Bare, 30)},
-         std::nullopt, 30,
+        // GSM/WCDMA without "^HCSQ": "+CSQ" on its own scale.
+        {"GW by +CSQ", CurRssi, kG, {onWcdma, HcsqFails(), Csq(17)}, true, "54,0", 777,
+         {"HCSQ havn't get GW info"}},
+        {"GW nothing", CurRssi, kG, {onWcdma, HcsqFails(), Fails("+CSQ", AtForm::Bare, 30)},
+         false, "7,-5", 30,
          {"HCSQ havn't get GW info", "GetCurrentGWSignalPer get csq result error",
           "GSM or WCDMA signal strength return error", "SRVGetCurRSSI() error"}},
-        // TD-SCDMA: "+CSQ" with its offset of 100 taken off, then the TD scale.
-        {"TD by +CSQ", DevDataDef::PRODUCT_TYPE_TD_SCDMA,
-         {Mode(SYS_MODE_TD_SCDMA_EX), HcsqFails(), Csq(150)}, 54, 0, {"HCSQ havn't get TD info"}},
-        {"TD +CSQ unknown", DevDataDef::PRODUCT_TYPE_TD_SCDMA,
-         {Mode(SYS_MODE_TD_SCDMA_EX), HcsqFails(), Csq(99)}, 0, 0, {"HCSQ havn't get TD info"}},
-        {"TD nothing", DevDataDef::PRODUCT_TYPE_TD_SCDMA,
-         {Mode(SYS_MODE_TD_SCDMA_EX), HcsqFails(), Fails("+CSQ", AtForm::Bare, 100)},
-         std::nullopt, 100,
+        // TD-SCDMA: "+CSQ" 150 loses its offset of 100, then 50 * 100 / 91.
+        {"TD by +CSQ", CurRssi, kT, {onTd, HcsqFails(), Csq(150)}, true, "54,0", 777,
+         {"HCSQ havn't get TD info"}},
+        {"TD nothing", CurRssi, kT, {onTd, HcsqFails(), Fails("+CSQ", AtForm::Bare, 100)}, false,
+         "7,-5", 100,
          {"HCSQ havn't get TD info", "GetCurrentTDSignalPer get csq result error",
           "TD signal strength return error", "SRVGetCurRSSI() error"}},
-        // LTE: RSRP and SINR from the older pair, brought to the "^HCSQ" scale.
-        {"LTE by RSRP and SINR", DevDataDef::PRODUCT_TYPE_WCDMA,
-         {Mode(SYS_MODE_LTE_EX), HcsqFails(),
-          Answer("^LTERSRP", AtForm::Read, {{"-95", "-10"}}),           // 46: level 4
-          Answer("^LTESCINFO", AtForm::Read, {{"310", "12", "2", "5"}})},  // 161: level 4
-         80, 0, {"SRVGetCurRSSI ReadHcsqCmd success"}},
-        {"LTE negative SINR", DevDataDef::PRODUCT_TYPE_WCDMA,
-         {Mode(SYS_MODE_LTE_EX), HcsqFails(),
-          Answer("^LTERSRP", AtForm::Read, {{"-95", "-10"}}),
-          Answer("^LTESCINFO", AtForm::Read, {{"310", "-3", "2", "5"}})},  // 86: level 2
-         40, 0, {"SRVGetCurRSSI ReadHcsqCmd success"}},
-        {"LTE without RSRP", DevDataDef::PRODUCT_TYPE_WCDMA,
-         {Mode(SYS_MODE_LTE_EX), HcsqFails(), Fails("^LTERSRP", AtForm::Read, 4),
+        // LTE: RSRP -95 dBm and SINR 12 dB from the older pair, both level 4.
+        {"LTE by RSRP and SINR", CurRssi, kG,
+         {onLte, HcsqFails(), Answer("^LTERSRP", AtForm::Read, {{"-95", "-10"}}),
+          Answer("^LTESCINFO", AtForm::Read, {{"310", "12", "2", "5"}})},
+         true, "80,0", 777, {kLteHcsq}},
+        {"LTE without RSRP", CurRssi, kG,
+         {onLte, HcsqFails(), Fails("^LTERSRP", AtForm::Read, 4),
           Answer("^LTESCINFO", AtForm::Read, {{"310", "12", "2", "5"}}), Csq(20)},
-         64, 0,
-         {"SRVGetCurRSSI ReadHcsqCmd success", "SRVGetCurRSSI ReadLteRsrpCmd error",
-          "LTERSRP or LTESCINFO havn't get LTE info"}},
-        {"LTE nothing", DevDataDef::PRODUCT_TYPE_WCDMA,
-         {Mode(SYS_MODE_LTE_EX), HcsqFails(), Answer("^LTERSRP", AtForm::Read, {{"-95", "-10"}}),
-          Fails("^LTESCINFO", AtForm::Read, 4), Fails("+CSQ", AtForm::Bare, AT_ERROR_TIMEOUT)},
-         std::nullopt, AT_ERROR_TIMEOUT,
-         {"SRVGetCurRSSI ReadHcsqCmd success", "SRVGetCurRSSI ReadLteScInfoCmd error",
-          "LTERSRP or LTESCINFO havn't get LTE info", "GetCurrentLteSignalPer get csq result error",
-          "LTE signal strength return error", "SRVGetCurRSSI() error"}},
-        // "^HCSQ" answered but without a usable LTE line: straight to "+CSQ",
-        // the older pair is not asked.
-        {"LTE mode, WCDMA line", DevDataDef::PRODUCT_TYPE_WCDMA,
-         {Mode(SYS_MODE_LTE_EX), Hcsq({{"WCDMA", "40", "30", "50"}}), Csq(20)}, 64, 0,
-         {"SRVGetCurRSSI ReadHcsqCmd success", "LTERSRP or LTESCINFO havn't get LTE info"}},
-        {"LTE line without SINR", DevDataDef::PRODUCT_TYPE_WCDMA,
-         {Mode(SYS_MODE_LTE_EX), Hcsq({{"LTE", "30", "50"}}), Csq(31)}, 100, 0,
-         {"LTERSRP or LTESCINFO havn't get LTE info"}},
-        {"LTE mode, no service", DevDataDef::PRODUCT_TYPE_WCDMA,
-         {Mode(SYS_MODE_LTE_EX), Hcsq({{"NOSERVICE"}}), Csq(99)}, 0, 0,
-         {"LTERSRP or LTESCINFO havn't get LTE info"}},
-        // CDMA: "^CSQLVL" answers a percentage; "+CSQ" after it. The "+CSQ"
-        // read asks for the system mode, which the CDMA road had not needed.
-        {"CDMA by CSQLVL", DevDataDef::PRODUCT_TYPE_CDMA,
-         {HcsqFails(), Answer("^CSQLVL", AtForm::Bare, {{"80", "99"}})}, 80, 0, {}},
-        {"CDMA by +CSQ", DevDataDef::PRODUCT_TYPE_CDMA,
-         {HcsqFails(), Fails("^CSQLVL", AtForm::Bare, 4), Csq(10), Mode(SYS_MODE_CDMA_EX)}, 32, 0,
-         {"CSQLVL havn't get CDMA info"}},
-        {"CDMA nothing", DevDataDef::PRODUCT_TYPE_CDMA,
-         {HcsqFails(), Fails("^CSQLVL", AtForm::Bare, 4), Fails("+CSQ", AtForm::Bare, 30)},
-         std::nullopt, 30,
+         true, "64,0", 777, {kLteHcsq, "SRVGetCurRSSI ReadLteRsrpCmd error", kLteNone}},
+        {"LTE nothing", CurRssi, kG,
+         {onLte, HcsqFails(), Answer("^LTERSRP", AtForm::Read, {{"-95", "-10"}}),
+          Fails("^LTESCINFO", AtForm::Read, 4), Fails("+CSQ", AtForm::Bare, kTimeout)},
+         false, "7,-5", kTimeout,
+         {kLteHcsq, "SRVGetCurRSSI ReadLteScInfoCmd error", kLteNone,
+          "GetCurrentLteSignalPer get csq result error", "LTE signal strength return error",
+          "SRVGetCurRSSI() error"}},
+        // "^HCSQ" answered without an LTE line: straight to "+CSQ".
+        {"LTE mode, WCDMA line", CurRssi, kG, {onLte, wcdmaLine, Csq(20)}, true, "64,0", 777,
+         {kLteHcsq, kLteNone}},
+        // CDMA: "^CSQLVL" answers a percentage; "+CSQ" after it asks for the mode.
+        {"CDMA by ^CSQLVL", CurRssi, kC,
+         {HcsqFails(), Answer("^CSQLVL", AtForm::Bare, {{"80", "99"}})}, true, "80,0", 777, {}},
+        {"CDMA by +CSQ", CurRssi, kC,
+         {HcsqFails(), Fails("^CSQLVL", AtForm::Bare, 4), Csq(10), Mode(SYS_MODE_CDMA_EX)}, true,
+         "32,0", 777, {"CSQLVL havn't get CDMA info"}},
+        {"CDMA nothing", CurRssi, kC,
+         {HcsqFails(), Fails("^CSQLVL", AtForm::Bare, 4), Fails("+CSQ", AtForm::Bare, 30)}, false,
+         "7,-5", 30,
          {"CSQLVL havn't get CDMA info", "GetCurrentCDMAMODESignalPer get csq result error",
           "CDMAMODE signal strength return error", "SRVGetCurRSSI() error"}},
     };
-    RunCurRssiRows(rows);
+    RunRows(rows);
+}
+
+TEST_F(SignalQueries, EachQueryPrefersHcsqThenFallsBack)
+{
+    const char* const kCsnr = "CNetSrvImpl SRVGetSignalQuality HCSQ command not supported ";
+    const char* const kQualityOk = "SRVGetSignalQuality() success";
+    const char* const kHdr = "SRVGetHdrRssiInfo() HCSQ command error ";
+    const char* const kHdrOk = "SRVGetHdrRssiInfo() success";
+    const char* const kNoHcsq = "HSCQ command not support or no service";
+    const Step wcdmaLine = Hcsq({{"WCDMA", "40", "30", "50"}});
+    const std::vector<Row> rows = {
+        // Each query: "^HCSQ"; a reading without the radio asked about (false,
+        // and no error either); the fall-back; the fall-back failing.
+        {"quality", Quality, kG, {wcdmaLine}, true, "-91,-7", 777, {kQualityOk}},
+        {"quality, GSM only", Quality, kG, {Hcsq({{"GSM", "36"}})}, false, "1,2", 777, {}},
+        {"quality by ^CSNR", Quality, kG,
+         {HcsqFails(), Answer("^CSNR", AtForm::Read, {{"-95", "-7"}})}, true, "-95,-7", 777,
+         {kCsnr, kQualityOk}},
+        {"quality, nothing", Quality, kG, {HcsqFails(), Fails("^CSNR", AtForm::Read, 4)}, false,
+         "1,2", 4, {kCsnr, "SRVGetSignalQuality() error"}},
+        // "^HCSQ" leaves the raw value alone; "^HDRCSQLVL" sets it to 0.
+        {"EV-DO", HdrRssi, kC, {Hcsq({{"EVDO", "40", "30", "100"}})}, true, "60,-5", 777, {}},
+        {"EV-DO, CDMA only", HdrRssi, kC, {Hcsq({{"CDMA", "50", "20"}})}, false, "7,-5", 777, {}},
+        {"^HDRCSQLVL", HdrRssi, kC, {HcsqFails(), Answer("^HDRCSQLVL", AtForm::Bare, {{"80"}})},
+         true, "80,0", 777, {kHdr, kHdrOk}},
+        {"^HDRCSQLVL without a line", HdrRssi, kC,
+         {HcsqFails(), Answer("^HDRCSQLVL", AtForm::Bare, {})}, true, "64,0", 777, {kHdr, kHdrOk}},
+        {"^HDRCSQLVL empty field", HdrRssi, kC,
+         {HcsqFails(), Answer("^HDRCSQLVL", AtForm::Bare, {{""}})}, true, "64,0", 777,
+         {kHdr, kHdrOk}},
+        {"EV-DO, nothing", HdrRssi, kC, {HcsqFails(), Fails("^HDRCSQLVL", AtForm::Bare, 100)},
+         false, "7,-5", 100, {kHdr, "SRVGetHdrRssiInfo() error"}},
+        {"LTE quality", LteQuality, kG, {Hcsq({{"LTE", "30", "50", "130", "20"}})}, true, "-91,-10",
+         777, {"SRVGetCurRSSI ReadHcsqCmd success"}},
+        {"LTE quality, not on LTE", LteQuality, kG, {wcdmaLine}, false, "1,2", 777,
+         {"SRVGetCurRSSI ReadHcsqCmd success"}},
+        {"LTE quality by ^LTERSRP", LteQuality, kG,
+         {HcsqFails(), Answer("^LTERSRP", AtForm::Read, {{"-95", "-10"}})}, true, "-95,-10", 777,
+         {"SRVGetLteSignalQuality() success"}},
+        {"LTE quality, nothing", LteQuality, kG,
+         {HcsqFails(), Fails("^LTERSRP", AtForm::Read, kTimeout)}, false, "1,2", kTimeout,
+         {"SRVGetLteSignalQuality() error"}},
+        // Commands without a "^HCSQ" road.
+        {"LTE cell", ScInfo, kG, {Answer("^LTESCINFO", AtForm::Read, {{"310", "-3", "2", "5"}})},
+         true, "310,-3,2", 777, {"SRVGetLteScInfo() success"}},
+        {"LTE cell fails untraced", ScInfo, kG, {Fails("^LTESCINFO", AtForm::Read, 4)}, false,
+         "0,0,0", 4, {}},
+        {"antenna", Antenna, kG, {Answer("^ANQUERY", AtForm::Read, {{"-95", "-7", "17", "3"}})},
+         true, "3", 777, {"SRVGetAntennaLevel sucess"}},
+        {"antenna fails", Antenna, kG, {Fails("^ANQUERY", AtForm::Read, AT_ERROR_PORT_CLOSED)},
+         false, "0", AT_ERROR_PORT_CLOSED, {"SRVGetAntennaLevel error"}},
+        // "+CSQ" as it comes, success writing 0; a failure asks for no mode.
+        {"+CSQ", RowRssi, kG, {Csq(17), Mode(SYS_MODE_WCDMA_EX)}, true, "17,99", 0, {}},
+        {"+CSQ fails", RowRssi, kG, {Fails("+CSQ", AtForm::Bare, AT_ERROR_PORT_CLOSED)}, false,
+         "5,6", AT_ERROR_PORT_CLOSED, {}},
+        // Camped on TD-SCDMA: 100..198 lose the offset, anything else reads 0.
+        {"+CSQ TD 150", RowRssi, kT, {Csq(150), Mode(SYS_MODE_TD_SCDMA_EX)}, true, "50,99", 0, {}},
+        {"+CSQ TD 198", RowRssi, kT, {Csq(198), Mode(SYS_MODE_TD_SCDMA_EX)}, true, "98,99", 0, {}},
+        {"+CSQ TD 199", RowRssi, kT, {Csq(199), Mode(SYS_MODE_TD_SCDMA_EX)}, true, "0,99", 0, {}},
+        {"+CSQ TD 99", RowRssi, kT, {Csq(99), Mode(SYS_MODE_TD_SCDMA_EX)}, true, "0,99", 0, {}},
+        // The first reported rssi of the reading.
+        {"HCSQ rssi", HcsqRssi, kG, {Hcsq({{"LTE", "30", "19", "66", "0"}})}, true, "30", 777, {}},
+        {"HCSQ rssi unreported", HcsqRssi, kG, {Hcsq({{"GSM", "255"}})}, false, "-7", 777, {}},
+        {"HCSQ rssi, no service", HcsqRssi, kG, {Hcsq({{"NOSERVICE"}})}, false, "-7", 777,
+         {kNoHcsq}},
+        {"HCSQ rssi, no ^HCSQ", HcsqRssi, kG, {HcsqFails()}, false, "-7", 777, {kNoHcsq}},
+    };
+    RunRows(rows);
 }
 
 TEST_F(SignalQueries, CurRssiOnAnUnknownDeviceAsksNothing)
@@ -262,47 +352,19 @@ TEST_F(SignalQueries, CurRssiOnAnUnknownDeviceAsksNothing)
     unsigned long err = 0;
     EXPECT_FALSE(service->SRVGetAntennaLevel(&level, &err));
 
-    const int kinds[] = {DevDataDef::PRODUCT_TYPE_WIMAX, DevDataDef::PRODUCT_TYPE_WIFI,
-                         DevDataDef::PRODUCT_TYPE_UNKNOW, -1};
-    for (int kind : kinds) {
-        SCOPED_TRACE(kind);
-        deviceService.SetProductType(kind);
+    deviceService.SetProductType(DevDataDef::PRODUCT_TYPE_WIMAX);
+    for (bool bDeviceService : {true, false}) {
+        SCOPED_TRACE(bDeviceService);
+        if (!bDeviceService) {
+            container.Register(IDEVICESERVICE_INTERFACE_ID, IDEVICESERVICE_INTERFACE_NO, nullptr);
+        }
         traces.Clear();
-        RSSIType rssi;
         err = 0;
-        EXPECT_FALSE(service->SRVGetCurRSSI(&rssi, &err));
+        EXPECT_FALSE(CurRssi(*service, &err).ok);
         EXPECT_EQ(err, 30u);
-        ExpectTraced({"SRVGetCurRSSI device not find error", "SRVGetCurRSSI() error"});
+        ExpectErrorTraces({"SRVGetCurRSSI device not find error", "SRVGetCurRSSI() error"});
     }
-
-    // No device service at all counts as an unknown device.
-    container.Register(IDEVICESERVICE_INTERFACE_ID, IDEVICESERVICE_INTERFACE_NO, nullptr);
-    traces.Clear();
-    RSSIType rssi;
-    EXPECT_FALSE(service->SRVGetCurRSSI(&rssi, &err));
-    ExpectTraced({"SRVGetCurRSSI device not find error"});
     EXPECT_EQ(processor.Calls().size(), 1u);
-}
-
-TEST_F(SignalQueries, ModeIsReadOnceWithinFiveSeconds)
-{
-    processor.Expect("^SYSINFOEX", AtForm::Bare)
-        .Answer({"2", "3", "0", "1", "0", "6", "LTE", "101", "LTE"});
-    processor.Expect("^HCSQ", AtForm::Read).AnswerLines({{"LTE", "30", "50", "130", "20"}});
-    processor.Expect("^HCSQ", AtForm::Read).AnswerLines({{"LTE", "30", "60", "130", "20"}});
-    RSSIType rssi;
-    unsigned long err = 0;
-    ASSERT_TRUE(service->SRVGetCurRSSI(&rssi, &err));
-    EXPECT_EQ(rssi.btRSSIPercent, 80);
-    ASSERT_TRUE(service->SRVGetCurRSSI(&rssi, &err));
-    EXPECT_EQ(rssi.btRSSIPercent, 80);   // level 5 by RSRP, 4 by SINR
-
-    const std::vector<testkit::ExecutedCall> calls = processor.Calls();
-    ASSERT_EQ(calls.size(), 3u);
-    for (const testkit::ExecutedCall& call : calls) {
-        EXPECT_EQ(call.timeoutMs, 30000u) << call.request.name;
-    }
-    EXPECT_EQ(calls[1].kind, testkit::ExecutedCall::Kind::WithMultiResponse);
 }
 
 // ---- the "^HCSQ" reading itself -------------------------------------------------
@@ -314,34 +376,26 @@ TEST_F(SignalQueries, HcsqReadingCollectsEveryLine)
     HCSQ_INFO info;
     ASSERT_TRUE(service->SRVGetHCSQInfo(&info));
     EXPECT_TRUE(info.bService);
-    EXPECT_TRUE(info.pstGSM->bUsed);
     EXPECT_EQ(info.pstGSM->iRssi, 36);
-    EXPECT_TRUE(info.pstLTE->bUsed);
     EXPECT_EQ(info.pstLTE->iRsrp, 19);
-    EXPECT_EQ(info.pstLTE->iRsrq, 0);
-    EXPECT_FALSE(info.pstWCDMA->bUsed);
 
     // A failure is the service's last error; no trace.
     traces.Clear();
-    processor.Expect("^HCSQ", AtForm::Read).Fail(AT_ERROR_TIMEOUT);
+    processor.Expect("^HCSQ", AtForm::Read).Fail(kTimeout);
     HCSQ_INFO failed;
     EXPECT_FALSE(service->SRVGetHCSQInfo(&failed));
-    EXPECT_EQ(service->GetLastError(), static_cast<int>(AT_ERROR_TIMEOUT));
-    EXPECT_TRUE(traces.Lines().empty());
-
+    EXPECT_EQ(service->GetLastError(), static_cast<int>(kTimeout));
     EXPECT_FALSE(service->SRVGetHCSQInfo(nullptr));
-    ExpectTraced({"CNetSrvImpl pHCSQInfo pointer is null"});
+    ExpectErrorTraces({"CNetSrvImpl pHCSQInfo pointer is null"});
 }
 
 // A processor that delivers a line and then gives up on the command (the
 // modem went quiet half-way): the line must not be lost.
 class PartialHcsqProcessor : public testkit::FakeProcessor {
 public:
-    bool ExecuteCmdWaitMultiResponse(ICommand* pCmd, IMultiResponse* pRsp,
-                                     unsigned long* pdwError, unsigned long ulTimeoutMs) override
+    bool ExecuteCmdWaitMultiResponse(ICommand*, IMultiResponse* pRsp, unsigned long* pdwError,
+                                     unsigned long) override
     {
-        (void)pCmd;
-        (void)ulTimeoutMs;
         testkit::FillResponse(pRsp->AddRsp(), {"GSM", "36"});
         *pdwError = AT_ERROR_TIMEOUT;
         return false;
@@ -356,241 +410,9 @@ TEST_F(SignalQueries, HcsqLinesOfAFailedCommandAreFreed)
     HCSQ_INFO info;
     EXPECT_FALSE(service->SRVGetHCSQInfo(&info));
     EXPECT_FALSE(info.pstGSM->bUsed) << "a failed reading is not taken in";
-    EXPECT_EQ(service->GetLastError(), static_cast<int>(AT_ERROR_TIMEOUT));
     // The leak check of the sanitizer build sees any line left behind.
     container.Register(IPROCESSOR_INTERFACE_ID, IPROCESSOR_INTERFACE_NO,
                        static_cast<IProcessor*>(&processor));
-}
-
-TEST_F(SignalQueries, HcsqRssi)
-{
-    struct Row {
-        const char* what;
-        Step step;
-        std::optional<int> rssi;
-        std::vector<std::string> traced;
-    } rows[] = {
-        {"LTE", Hcsq({{"LTE", "30", "19", "66", "0"}}), 30, {}},
-        {"nothing reported", Hcsq({{"GSM", "255"}}), std::nullopt, {}},
-        {"no service", Hcsq({{"NOSERVICE"}}), std::nullopt,
-         {"HSCQ command not support or no service"}},
-        {"unknown radio only", Hcsq({{"WIMAX", "40"}}), std::nullopt,
-         {"HSCQ command not support or no service"}},
-        {"no ^HCSQ", HcsqFails(), std::nullopt, {"HSCQ command not support or no service"}},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.what);
-        StartRow({row.step});
-        int rssi = -7;
-        EXPECT_EQ(service->SRVGetHCSQRssi(&rssi), row.rssi.has_value());
-        EXPECT_EQ(rssi, row.rssi.value_or(-7));
-        ExpectTraced(row.traced);
-        EXPECT_EQ(ErrorTraceCount(), row.traced.size());
-    }
-    traces.Clear();
-    EXPECT_FALSE(service->SRVGetHCSQRssi(nullptr));
-    ExpectTraced({"CNetSrvImpl pszRssi pointer is null"});
-}
-
-// ---- raw values ------------------------------------------------------------------
-
-TEST_F(SignalQueries, RowRssiTakesTheTdOffsetOff)
-{
-    processor.Expect("+CSQ", AtForm::Bare).Answer({"17", "99"});
-    processor.Expect("^SYSINFOEX", AtForm::Bare)
-        .Answer({"2", "3", "0", "1", "0", "3", "WCDMA", "41", "WCDMA"});
-    RowRSSI row;
-    unsigned long err = 777;
-    ASSERT_TRUE(service->SRVGetRowRSSI(&row, &err));
-    EXPECT_EQ(row.nRSSI, 17);
-    EXPECT_EQ(row.nBer, 99);
-    EXPECT_EQ(err, 0u) << "success writes 0";
-
-    // Camped on TD-SCDMA: 100..198 lose the offset, anything else reads 0.
-    struct Case {
-        int csq;
-        int expected;
-    } cases[] = {{150, 50}, {100, 0}, {198, 98}, {199, 0}, {99, 0}, {31, 0}, {0, 0}};
-    StartRow({});
-    bool bFirst = true;
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.csq);
-        processor.Expect("+CSQ", AtForm::Bare).Answer({std::to_string(c.csq), "3"});
-        if (bFirst) {
-            // Asked once; the later rows are served from the cache.
-            processor.Expect("^SYSINFOEX", AtForm::Bare)
-                .Answer({"2", "3", "0", "1", "0", "4", "TD-SCDMA", "61", "TD-SCDMA"});
-            bFirst = false;
-        }
-        RowRSSI value;
-        ASSERT_TRUE(service->SRVGetRowRSSI(&value, &err));
-        EXPECT_EQ(value.nRSSI, c.expected);
-        EXPECT_EQ(value.nBer, 3);
-    }
-}
-
-TEST_F(SignalQueries, RowRssiFailure)
-{
-    processor.Expect("+CSQ", AtForm::Bare).Fail(AT_ERROR_PORT_CLOSED);
-    RowRSSI row;
-    row.nRSSI = 5;
-    unsigned long err = 0;
-    EXPECT_FALSE(service->SRVGetRowRSSI(&row, &err));
-    EXPECT_EQ(err, static_cast<unsigned long>(AT_ERROR_PORT_CLOSED));
-    EXPECT_EQ(row.nRSSI, 5);
-    EXPECT_EQ(processor.Calls().size(), 1u) << "no mode read after a failure";
-}
-
-TEST_F(SignalQueries, SignalQuality)
-{
-    struct Row {
-        const char* what;
-        std::vector<Step> steps;
-        std::optional<std::pair<int, int>> rscpEcio;
-        unsigned long errorWord;   // 777: untouched
-        std::vector<std::string> traced;
-    } rows[] = {
-        {"WCDMA", {Hcsq({{"WCDMA", "40", "30", "50"}})}, std::make_pair(-91, -7), 777,
-         {"SRVGetSignalQuality() success"}},
-        {"TD-SCDMA", {Hcsq({{"TD-SCDMA", "50", "40", "60"}})}, std::make_pair(-81, -2), 777,
-         {"SRVGetSignalQuality() success"}},
-        // Camped on a radio without RSCP: no answer, and no error either.
-        {"GSM", {Hcsq({{"GSM", "36"}})}, std::nullopt, 777, {}},
-        {"no service", {Hcsq({{"NOSERVICE"}})}, std::nullopt, 777, {}},
-        {"CSNR", {HcsqFails(), Answer("^CSNR", AtForm::Read, {{"-95", "-7"}})},
-         std::make_pair(-95, -7), 777,
-         {"CNetSrvImpl SRVGetSignalQuality HCSQ command not supported ",
-          "SRVGetSignalQuality() success"}},
-        {"nothing", {HcsqFails(), Fails("^CSNR", AtForm::Read, 4)}, std::nullopt, 4,
-         {"CNetSrvImpl SRVGetSignalQuality HCSQ command not supported ",
-          "SRVGetSignalQuality() error"}},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.what);
-        StartRow(row.steps);
-        NETSRV_DATA::Signal signal;
-        signal.nRSCP = 1;
-        signal.nECIO = 2;
-        unsigned long err = 777;
-        EXPECT_EQ(service->SRVGetSignalQuality(&signal, &err), row.rscpEcio.has_value());
-        processor.VerifyAllUsed();
-        EXPECT_EQ(std::make_pair(static_cast<int>(signal.nRSCP), static_cast<int>(signal.nECIO)),
-                  row.rscpEcio.value_or(std::make_pair(1, 2)));
-        EXPECT_EQ(err, row.errorWord);
-        ExpectTraced(row.traced);
-        EXPECT_EQ(ErrorTraceCount(), row.traced.size());
-    }
-}
-
-TEST_F(SignalQueries, HdrRssi)
-{
-    struct Row {
-        const char* what;
-        std::vector<Step> steps;
-        std::optional<int> percent;
-        int nRssi;                 // after the call; 33 is the caller's
-        unsigned long errorWord;   // 777: untouched
-        std::vector<std::string> traced;
-    } rows[] = {
-        {"EVDO", {Hcsq({{"EVDO", "40", "30", "100"}})}, 60, 33, 777, {}},
-        {"hybrid", {Hcsq({{"CDMA-EVDO", "40", "10", "20", "10", "100"}})}, 60, 33, 777, {}},
-        {"CDMA only", {Hcsq({{"CDMA", "50", "20"}})}, std::nullopt, 33, 777, {}},
-        {"HDRCSQLVL", {HcsqFails(), Answer("^HDRCSQLVL", AtForm::Bare, {{"80"}})}, 80, 0, 777,
-         {"SRVGetHdrRssiInfo() HCSQ command error ", "SRVGetHdrRssiInfo() success"}},
-        {"HDRCSQLVL without a line", {HcsqFails(), Answer("^HDRCSQLVL", AtForm::Bare, {})}, 64,
-         0, 777, {"SRVGetHdrRssiInfo() HCSQ command error ", "SRVGetHdrRssiInfo() success"}},
-        {"HDRCSQLVL empty field", {HcsqFails(), Answer("^HDRCSQLVL", AtForm::Bare, {{""}})}, 64,
-         0, 777, {"SRVGetHdrRssiInfo() HCSQ command error ", "SRVGetHdrRssiInfo() success"}},
-        {"nothing", {HcsqFails(), Fails("^HDRCSQLVL", AtForm::Bare, 100)}, std::nullopt, 33, 100,
-         {"SRVGetHdrRssiInfo() HCSQ command error ", "SRVGetHdrRssiInfo() error"}},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.what);
-        StartRow(row.steps);
-        RSSIType rssi;
-        rssi.nRSSI = 33;
-        rssi.btRSSIPercent = 7;
-        unsigned long err = 777;
-        EXPECT_EQ(service->SRVGetHdrRssiInfo(&rssi, &err), row.percent.has_value());
-        processor.VerifyAllUsed();
-        EXPECT_EQ(rssi.btRSSIPercent, row.percent.value_or(7));
-        EXPECT_EQ(rssi.nRSSI, row.nRssi);
-        EXPECT_EQ(err, row.errorWord);
-        ExpectTraced(row.traced);
-        EXPECT_EQ(ErrorTraceCount(), row.traced.size());
-    }
-}
-
-TEST_F(SignalQueries, LteSignalQuality)
-{
-    struct Row {
-        const char* what;
-        std::vector<Step> steps;
-        std::optional<std::pair<int, int>> rsrpRsrq;
-        unsigned long errorWord;   // 777: untouched
-        std::vector<std::string> traced;
-    } rows[] = {
-        {"HCSQ", {Hcsq({{"LTE", "30", "50", "130", "20"}})}, std::make_pair(-91, -10), 777,
-         {"SRVGetCurRSSI ReadHcsqCmd success"}},
-        {"HCSQ without RSRQ", {Hcsq({{"LTE", "30", "50", "130"}})}, std::nullopt, 777,
-         {"SRVGetCurRSSI ReadHcsqCmd success"}},
-        {"not on LTE", {Hcsq({{"WCDMA", "40", "30", "50"}})}, std::nullopt, 777,
-         {"SRVGetCurRSSI ReadHcsqCmd success"}},
-        {"LTERSRP", {HcsqFails(), Answer("^LTERSRP", AtForm::Read, {{"-95", "-10"}})},
-         std::make_pair(-95, -10), 777, {"SRVGetLteSignalQuality() success"}},
-        {"nothing", {HcsqFails(), Fails("^LTERSRP", AtForm::Read, AT_ERROR_TIMEOUT)},
-         std::nullopt, AT_ERROR_TIMEOUT, {"SRVGetLteSignalQuality() error"}},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.what);
-        StartRow(row.steps);
-        LteSignal signal;
-        signal.nRSRP = 1;
-        signal.nRSRQ = 2;
-        unsigned long err = 777;
-        EXPECT_EQ(service->SRVGetLteSignalQuality(&signal, &err), row.rsrpRsrq.has_value());
-        processor.VerifyAllUsed();
-        EXPECT_EQ(std::make_pair(static_cast<int>(signal.nRSRP), static_cast<int>(signal.nRSRQ)),
-                  row.rsrpRsrq.value_or(std::make_pair(1, 2)));
-        EXPECT_EQ(err, row.errorWord);
-        ExpectTraced(row.traced);
-        EXPECT_EQ(ErrorTraceCount(), row.traced.size());
-    }
-}
-
-TEST_F(SignalQueries, LteScInfoAndAntennaLevel)
-{
-    processor.Expect("^LTESCINFO", AtForm::Read).Answer({"310", "-3", "2", "5"});
-    LteScInfo info;
-    unsigned long err = 777;
-    ASSERT_TRUE(service->SRVGetLteScInfo(&info, &err));
-    EXPECT_EQ(info.pci, 310);
-    EXPECT_EQ(info.dlsinr, -3);
-    EXPECT_EQ(info.numant, 2);
-    EXPECT_EQ(err, 777u);
-    ExpectTraced({"SRVGetLteScInfo() success"});
-
-    traces.Clear();
-    processor.Expect("^LTESCINFO", AtForm::Read).Fail(4);
-    LteScInfo untouched;
-    EXPECT_FALSE(service->SRVGetLteScInfo(&untouched, &err));
-    EXPECT_EQ(err, 4u);
-    EXPECT_EQ(untouched.pci, 0);
-    EXPECT_TRUE(traces.Lines().empty()) << "a failure is not traced";
-
-    processor.Expect("^ANQUERY", AtForm::Read).Answer({"-95", "-7", "17", "3"});
-    AntennaLevel level;
-    err = 777;
-    ASSERT_TRUE(service->SRVGetAntennaLevel(&level, &err));
-    EXPECT_EQ(level.wLevel, 3);
-    EXPECT_EQ(err, 777u);
-    ExpectTraced({"SRVGetAntennaLevel sucess"});
-
-    processor.Expect("^ANQUERY", AtForm::Read).Fail(AT_ERROR_PORT_CLOSED);
-    EXPECT_FALSE(service->SRVGetAntennaLevel(&level, &err));
-    EXPECT_EQ(err, static_cast<unsigned long>(AT_ERROR_PORT_CLOSED));
-    EXPECT_EQ(level.wLevel, 3);
-    ExpectTraced({"SRVGetAntennaLevel error"});
 }
 
 // ---- arguments and a missing processor ---------------------------------------------
@@ -651,9 +473,10 @@ TEST_F(SignalQueries, NoProcessor)
         }
     }
     traces.Clear();
-    int rssi = 0;
-    EXPECT_FALSE(service->SRVGetHCSQRssi(&rssi));
-    ExpectTraced({kNoProcessor, "HSCQ command not support or no service"});
+    EXPECT_FALSE(HcsqRssi(*service, nullptr).ok);
+    ExpectErrorTraces({kNoProcessor, "HSCQ command not support or no service"});
+    EXPECT_FALSE(service->SRVGetHCSQRssi(nullptr));
+    EXPECT_TRUE(traces.Contains("CNetSrvImpl pszRssi pointer is null", TL_ERRO));
 }
 
 }  // namespace

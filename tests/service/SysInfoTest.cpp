@@ -2,7 +2,6 @@
 // fall-back with its mode mapping, the change reports, and the getters.
 
 #include <chrono>
-#include <cstring>
 #include <string>
 #include <thread>
 #include <vector>
@@ -44,7 +43,8 @@ protected:
 TEST_F(SysInfo, ExReadFillsTheRecordAndIsCachedForFiveSeconds)
 {
     Service();
-    processor.Expect("^SYSINFOEX", AtForm::Bare).Answer({"2", "4", "5", "1", "3", "3", "WCDMA", "44", "HSPA"});
+    processor.Expect("^SYSINFOEX", AtForm::Bare)
+        .Answer({"2", "4", "5", "1", "3", "3", "WCDMA", "44", "HSPA"});
     SystemInfo info;
     ASSERT_TRUE(service->SRVGetSystemInfoEx(info));
     EXPECT_EQ(info.dwSrvStatus, 2);
@@ -57,104 +57,106 @@ TEST_F(SysInfo, ExReadFillsTheRecordAndIsCachedForFiveSeconds)
     EXPECT_STREQ(info.szSysModeName, "WCDMA");
     EXPECT_STREQ(info.szSubModeName, "HSPA");
     EXPECT_EQ(processor.Calls().at(0).timeoutMs, 30000u);
-    EXPECT_TRUE(traces.Contains("SRVGetSystemMode , support SYSINFOEX command and success", TL_INFO));
-    EXPECT_TRUE(traces.Contains("GetSystemInfoEx: Finish memcpy and return true", TL_INFO));
+    for (const char* trace : {"GetSystemInfoEx: Enter!",
+                              "SRVGetSystemMode , support SYSINFOEX command and success",
+                              "GetSystemInfoEx: Begin GetNumValue",
+                              "GetSystemInfoEx: Finish memcpy and return true"}) {
+        EXPECT_EQ(traces.Count(trace, TL_INFO), 1) << trace;
+    }
 
-    // Within five seconds the cache answers, also through the small getters.
+    // Within five seconds the cache answers the small getters.
     traces.Clear();
     unsigned long err = 0;
+    unsigned long roam = 9;
+    unsigned long domain = 9;
     SysSrvStatus status = SYS_SRV_STATUS_NO_SRV;
+    SystemMode mode = SYS_MODE_NO_SRV;
     ASSERT_TRUE(service->SRVGetSrvStatus(&status, &err));
+    ASSERT_TRUE(service->SRVGetRoamStatus(&roam, &err));
+    ASSERT_TRUE(service->SRVGetSrvDomain(&domain, &err));
+    ASSERT_TRUE(service->SRVGetSystemMode(&mode, &err));
     EXPECT_EQ(status, SYS_SRV_STATUS_SRV);
+    EXPECT_EQ(roam, 5u);
+    EXPECT_EQ(domain, 4u);
+    EXPECT_EQ(static_cast<int>(mode), SYS_MODE_WCDMA_EX) << "the Ex number, through a SystemMode";
     EXPECT_EQ(processor.Calls().size(), 1u);
-    EXPECT_EQ(traces.Count("GetSystemInfoEx: Return m_Sysinfo Directely", TL_INFO), 1);
+    EXPECT_EQ(traces.Count("GetSystemInfoEx: Return m_Sysinfo Directely", TL_INFO), 4);
+    EXPECT_EQ(traces.Count("SRVGetRoamStatus success", TL_ERRO), 1);
+
+    // SRVGetSysInfo always reads "^SYSINFO", never the cache.
+    processor.Expect("^SYSINFO", AtForm::Bare).Answer({"1", "3", "0", "15", "1", "0", "9"});
+    RoamStatus roamStatus = SYS_ROAM_STATUS_ON;
+    ASSERT_TRUE(service->SRVGetSysInfo(&status, &mode, &roamStatus, &err));
+    EXPECT_EQ(status, SYS_SRV_STATUS_LIMITED);
+    EXPECT_EQ(static_cast<int>(mode), SYS_MODE_TD_SCDMA_EX);
+    EXPECT_EQ(roamStatus, SYS_ROAM_STATUS_OFF);
 
     // A lost device makes the next read go to the modem.
     ExpireCache();
-    processor.Expect("^SYSINFOEX", AtForm::Bare).Answer(SysInfoEx(1, 2));
+    processor.Expect("^SYSINFOEX", AtForm::Bare).Answer(SysInfoEx(4, 2));
     ASSERT_TRUE(service->SRVGetSrvStatus(&status, &err));
-    EXPECT_EQ(status, SYS_SRV_STATUS_LIMITED);
-    EXPECT_EQ(processor.Calls().size(), 2u);
+    EXPECT_EQ(status, SYS_SRV_STATUS_PWR_SAVE);
 }
 
-TEST_F(SysInfo, AllZeroCacheIsNeverServed)
+TEST_F(SysInfo, AllZeroCacheIsNeverServedAndNamesAreCut)
 {
     Service();
     // A modem with nothing to say leaves an all-zero record: asked again at once.
-    processor.Expect("^SYSINFOEX", AtForm::Bare).Answer({"0", "0", "0", "0", "0", "0", "", "0", ""});
-    processor.Expect("^SYSINFOEX", AtForm::Bare).Answer(SysInfoEx(2, 3));
+    processor.Expect("^SYSINFOEX", AtForm::Bare)
+        .Answer({"0", "0", "0", "0", "0", "0", "", "0", ""});
+    const std::string longName(70, 'M');
+    processor.Expect("^SYSINFOEX", AtForm::Bare).Answer(SysInfoEx(2, 3, 6, longName));
     SystemInfo info;
     ASSERT_TRUE(service->SRVGetSystemInfoEx(info));
     ASSERT_TRUE(service->SRVGetSystemInfoEx(info));
     EXPECT_EQ(info.dwDomain, 3);
     EXPECT_FALSE(traces.Contains("GetSystemInfoEx: Return m_Sysinfo Directely"));
-}
-
-TEST_F(SysInfo, LongModeNameIsCutTo63Characters)
-{
-    Service();
-    const std::string longName(70, 'M');
-    processor.Expect("^SYSINFOEX", AtForm::Bare).Answer(SysInfoEx(2, 3, 6, longName));
-    SystemInfo info;
-    ASSERT_TRUE(service->SRVGetSystemInfoEx(info));
+    // A 64-byte field: at most 63 characters and a NUL.
     EXPECT_EQ(std::string(info.szSysModeName), longName.substr(0, 63));
-    EXPECT_EQ(info.szSysModeName[63], '\0');
 }
 
-// A modem without "^SYSINFOEX" is read with "^SYSINFO" on every refresh; the
-// modes come out in the Ex numbering and the names empty.
+// A modem without "^SYSINFOEX" is read with "^SYSINFO" on every refresh: the
+// modes come out in the Ex numbering (the mappings are pinned by their unit
+// test; here the choice between the sub-mode's and the system mode's), the
+// names empty, and the lock state of the last "^SYSINFOEX" read stays.
 TEST_F(SysInfo, FallBackToSysinfoMapsTheModes)
 {
-    struct Row {
+    Service();
+    processor.Expect("^SYSINFOEX", AtForm::Bare)
+        .Answer({"2", "3", "0", "1", "7", "3", "WCDMA", "41", "WCDMA"});
+    SystemInfo info;
+    ASSERT_TRUE(service->SRVGetSystemInfoEx(info));
+    const struct {
+        unsigned long exCode;   // how "^SYSINFOEX" fails: 4 is "not supported"
         Fields sysinfo;
         int sysModeEx;
         int subModeEx;
+    } rows[] = {
+        {4, {"2", "3", "0", "5", "1", "0", "5"}, 3, 42},   // WCDMA, HSDPA
+        {4, {"2", "3", "0", "8", "1"}, 2, 29},             // hybrid, no sub-mode field
+        // HDR with an empty sub-mode (not sub-mode 0); any other failure falls back too.
+        {AT_ERROR_TIMEOUT, {"2", "3", "0", "4", "1", "0", ""}, 2, 25},
     };
-    const Row rows[] = {
-        {{"2", "3", "0", "5", "1", "0", "5"}, 3, 42},     // WCDMA, HSDPA
-        {{"2", "3", "0", "15", "1", "0", "5"}, 4, 62},    // TD-SCDMA, HSDPA
-        {{"2", "3", "0", "3", "1", "0", "5"}, 1, 0},      // GSM has no HSDPA
-        {{"2", "3", "0", "8", "1"}, 2, 29},               // hybrid, no sub-mode field
-        {{"2", "3", "0", "9", "1", "0", ""}, 0, 0},       // a mode outside the table
-        {{"2", "3", "0", "4", "1", "0", "11"}, 2, 25},    // HDR, EV-DO Rev A
-    };
-    Service();
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.sysinfo[3]);
         ExpireCache();
         traces.Clear();
-        processor.Expect("^SYSINFOEX", AtForm::Bare).Fail(4);
+        processor.Expect("^SYSINFOEX", AtForm::Bare).Fail(row.exCode);
         processor.Expect("^SYSINFO", AtForm::Bare).Answer(row.sysinfo);
-        SystemInfo info;
-        std::strcpy(info.szSysModeName, "stale");
         ASSERT_TRUE(service->SRVGetSystemInfoEx(info));
         EXPECT_EQ(info.dwSysMode, row.sysModeEx);
         EXPECT_EQ(info.dwSubMode, row.subModeEx);
+        EXPECT_EQ(info.dwLockState, 7);
         EXPECT_EQ(info.szSysModeName[0], '\0');
         EXPECT_EQ(info.szSubModeName[0], '\0');
-        EXPECT_EQ(traces.Count("GetSystemInfoEx , don't support SYSINFOEX command", TL_INFO), 1);
+        const bool bUnsupported = row.exCode == 4;
+        EXPECT_EQ(traces.Count("GetSystemInfoEx , don't support SYSINFOEX command", TL_INFO),
+                  bUnsupported ? 1 : 0);
+        EXPECT_EQ(traces.Count("GetSystemInfoEx: Excues command SYSINFOEX ERROR", TL_ERRO),
+                  bUnsupported ? 0 : 1);
+        EXPECT_TRUE(traces.Contains("GetSystemInfo: Begin GetNumValue", TL_INFO));
         EXPECT_TRUE(traces.Contains("GetSystemInfo: end", TL_INFO));
     }
-    // Any other failure of "^SYSINFOEX" is an error, and still falls back.
-    ExpireCache();
-    traces.Clear();
-    processor.Expect("^SYSINFOEX", AtForm::Bare).Fail(AT_ERROR_TIMEOUT);
-    processor.Expect("^SYSINFO", AtForm::Bare).Answer({"2", "3", "0", "5", "1"});
-    SystemInfo info;
-    ASSERT_TRUE(service->SRVGetSystemInfoEx(info));
-    EXPECT_EQ(traces.Count("GetSystemInfoEx: Excues command SYSINFOEX ERROR", TL_ERRO), 1);
-}
-
-TEST_F(SysInfo, SysinfoKeepsTheLockStateOfTheLastExRead)
-{
-    Service();
-    processor.Expect("^SYSINFOEX", AtForm::Bare).Answer({"2", "3", "0", "1", "7", "3", "WCDMA", "41", "WCDMA"});
-    processor.Expect("^SYSINFO", AtForm::Bare).Answer({"2", "3", "0", "5", "1", "0", "4"});
-    SystemInfo info;
-    ASSERT_TRUE(service->SRVGetSystemInfoEx(info));
-    ASSERT_TRUE(service->SRVGetSystemInfo(info));
-    EXPECT_EQ(info.dwLockState, 7);
-    EXPECT_EQ(info.dwSubMode, 41);
 }
 
 // Each refresh compares the reading with the cache: a changed domain queues a
@@ -203,32 +205,6 @@ TEST_F(SysInfo, ChangesAreReportedThroughTheQueue)
     EXPECT_TRUE(traces.Contains("GetSystemInfo: AtCallBackEvent INDEX_SERV_IND", TL_INFO));
 }
 
-TEST_F(SysInfo, GettersReadTheRecord)
-{
-    Service();
-    processor.Expect("^SYSINFOEX", AtForm::Bare).Answer({"2", "3", "1", "1", "0", "6", "LTE", "101", "LTE"});
-    unsigned long err = 0;
-    unsigned long roam = 9;
-    unsigned long domain = 9;
-    SystemMode mode = SYS_MODE_NO_SRV;
-    ASSERT_TRUE(service->SRVGetRoamStatus(&roam, &err));
-    ASSERT_TRUE(service->SRVGetSrvDomain(&domain, &err));
-    ASSERT_TRUE(service->SRVGetSystemMode(&mode, &err));
-    EXPECT_EQ(roam, 1u);
-    EXPECT_EQ(domain, 3u);
-    EXPECT_EQ(static_cast<int>(mode), SYS_MODE_LTE_EX) << "the Ex number, through a SystemMode";
-    EXPECT_EQ(traces.Count("SRVGetRoamStatus success", TL_ERRO), 1);
-
-    // SRVGetSysInfo always reads "^SYSINFO", never the cache.
-    processor.Expect("^SYSINFO", AtForm::Bare).Answer({"1", "3", "0", "5", "1", "0", "9"});
-    SysSrvStatus status = SYS_SRV_STATUS_NO_SRV;
-    RoamStatus roamStatus = SYS_ROAM_STATUS_ON;
-    ASSERT_TRUE(service->SRVGetSysInfo(&status, &mode, &roamStatus, &err));
-    EXPECT_EQ(status, SYS_SRV_STATUS_LIMITED);
-    EXPECT_EQ(static_cast<int>(mode), SYS_MODE_WCDMA_EX);
-    EXPECT_EQ(roamStatus, SYS_ROAM_STATUS_OFF);
-}
-
 TEST_F(SysInfo, GettersOnAModemThatFailsEveryRead)
 {
     Service();
@@ -273,7 +249,6 @@ TEST_F(SysInfo, GettersOnAModemThatFailsEveryRead)
 TEST_F(SysInfo, NullOutputsAndNoProcessor)
 {
     Service();
-    unsigned long err = 0;
     SysSrvStatus status;
     SystemMode mode;
     RoamStatus roam;
@@ -285,33 +260,20 @@ TEST_F(SysInfo, NullOutputsAndNoProcessor)
     EXPECT_FALSE(service->SRVGetSysInfo(&status, &mode, &roam, nullptr));
     EXPECT_FALSE(service->SRVSetSrvStatus(SYS_SRV_STATUS_SRV, nullptr));
 
-    using Call = bool (*)(CNetSrvImpl*, unsigned long*);
-    const Call nullOutputs[] = {
-        [](CNetSrvImpl* s, unsigned long* e) { return s->SRVGetSrvStatus(nullptr, e); },
-        [](CNetSrvImpl* s, unsigned long* e) { return s->SRVGetSystemMode(nullptr, e); },
-        [](CNetSrvImpl* s, unsigned long* e) { return s->SRVGetRoamStatus(nullptr, e); },
-        [](CNetSrvImpl* s, unsigned long* e) { return s->SRVGetSrvDomain(nullptr, e); },
-        [](CNetSrvImpl* s, unsigned long* e) {
-            SystemMode m;
-            RoamStatus r;
-            return s->SRVGetSysInfo(nullptr, &m, &r, e);
-        },
-        [](CNetSrvImpl* s, unsigned long* e) {
-            SysSrvStatus st;
-            RoamStatus r;
-            return s->SRVGetSysInfo(&st, nullptr, &r, e);
-        },
-        [](CNetSrvImpl* s, unsigned long* e) {
-            SysSrvStatus st;
-            SystemMode m;
-            return s->SRVGetSysInfo(&st, &m, nullptr, e);
-        },
-    };
-    for (Call call : nullOutputs) {
-        err = 0;
-        EXPECT_FALSE(call(service, &err));
+    // A null output is a bad parameter, each of the three of SRVGetSysInfo too.
+    unsigned long err = 0;
+    auto badParam = [&err](bool bResult) {
+        EXPECT_FALSE(bResult);
         EXPECT_EQ(err, 10001u);
-    }
+        err = 0;
+    };
+    badParam(service->SRVGetSrvStatus(nullptr, &err));
+    badParam(service->SRVGetSystemMode(nullptr, &err));
+    badParam(service->SRVGetRoamStatus(nullptr, &err));
+    badParam(service->SRVGetSrvDomain(nullptr, &err));
+    badParam(service->SRVGetSysInfo(nullptr, &mode, &roam, &err));
+    badParam(service->SRVGetSysInfo(&status, nullptr, &roam, &err));
+    badParam(service->SRVGetSysInfo(&status, &mode, nullptr, &err));
     EXPECT_TRUE(processor.Calls().empty());
 
     container.Register(IPROCESSOR_INTERFACE_ID, IPROCESSOR_INTERFACE_NO, nullptr);

@@ -2,8 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <optional>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -20,11 +18,9 @@ struct IntRow {
 TEST(SignalMathTest, RssiToPercentWrapsAtEightBits)
 {
     const IntRow rows[] = {
-        {0, 0},     {1, 3},      {15, 48},  {30, 96},
-        {31, 100},  // the top of "+CSQ"
-        {99, 0},    // unknown
-        {32, 103},  {40, 129},   {98, 60},  // 3161 / 31 = 316, shown as 60
-        {100, 66},  // 322
+        {0, 0},    {1, 3},     {31, 100},  // the top of "+CSQ"
+        {99, 0},   // unknown
+        {40, 129}, {98, 60},   // 3161 / 31 = 316, shown as 60
         {-1, 253},  // -3
         {INT_MAX, 203}, {INT_MIN, 50},   // no overflow on the way
     };
@@ -76,16 +72,11 @@ TEST(SignalMathTest, HybridTakesTheStrongerRadioWhileEvdoIsReported)
         int iExpected;
     } rows[] = {
         {40, 20, 60},    // CDMA stronger: its rssi on the EV-DO steps
-        {20, 40, 60},    // EV-DO stronger
-        {40, 40, 60},
-        {255, 40, 60},   // CDMA unreported
         {61, 20, 99},
-        {0, 5, 20},
+        {20, 40, 60},    // EV-DO stronger
+        {255, 40, 60},   // CDMA unreported
         {40, 0, 51},     // EV-DO 0: CDMA alone by the 2G/3G formula
         {40, 255, 51},
-        {70, 255, 100},
-        {80, 0, 99},
-        {5, 255, 0},
         {255, 0, 0},
         {255, 255, 0},
     };
@@ -174,40 +165,36 @@ void Read(const std::vector<Fields>& lines, NETSRV_DATA::HCSQ_INFO& stInfo)
     }
 }
 
+// " NAME(v1,v2,...)" for a radio in use, nothing for one that is not.
+std::string Radio(const char* pszName, bool bUsed, std::initializer_list<int32_t> values)
+{
+    if (!bUsed) {
+        return "";
+    }
+    std::string text = std::string(" ") + pszName + "(";
+    for (int32_t value : values) {
+        text += std::to_string(value) + ",";
+    }
+    text.back() = ')';
+    return text;
+}
+
 // The reading in a compact form: service flag, then every radio in use with
 // its values.
 std::string Describe(const NETSRV_DATA::HCSQ_INFO& s)
 {
-    std::ostringstream out;
-    out << (s.bService ? "svc" : "nosvc");
-    if (s.pstGSM->bUsed) {
-        out << " GSM(" << s.pstGSM->iRssi << ")";
-    }
-    if (s.pstWCDMA->bUsed) {
-        out << " WCDMA(" << s.pstWCDMA->iRssi << "," << s.pstWCDMA->iRscp << ","
-            << s.pstWCDMA->iEcio << ")";
-    }
-    if (s.pstTD_SCDMA->bUsed) {
-        out << " TD(" << s.pstTD_SCDMA->iRssi << "," << s.pstTD_SCDMA->iRscp << ","
-            << s.pstTD_SCDMA->iEcio << ")";
-    }
-    if (s.pstLTE->bUsed) {
-        out << " LTE(" << s.pstLTE->iRssi << "," << s.pstLTE->iRsrp << "," << s.pstLTE->iSinr
-            << "," << s.pstLTE->iRsrq << ")";
-    }
-    if (s.pstCDMA->bUsed) {
-        out << " CDMA(" << s.pstCDMA->iRssi << "," << s.pstCDMA->iEcio << ")";
-    }
-    if (s.pstEVDO->bUsed) {
-        out << " EVDO(" << s.pstEVDO->iRssi << "," << s.pstEVDO->iEcio << ","
-            << s.pstEVDO->iSinr << ")";
-    }
     const NETSRV_DATA::HCSQ_CDMA_EVDO& h = *s.pstCDMA_EVDO;
-    if (h.bUsed) {
-        out << " HYBRID(" << h.iCdma_Rssi << "," << h.iCdma_Ecio << "," << h.iEvdo_Rssi << ","
-            << h.iEvdo_Ecio << "," << h.IEvdo_Sinr << ")";
-    }
-    return out.str();
+    return (s.bService ? "svc" : "nosvc") + Radio("GSM", s.pstGSM->bUsed, {s.pstGSM->iRssi}) +
+           Radio("WCDMA", s.pstWCDMA->bUsed,
+                 {s.pstWCDMA->iRssi, s.pstWCDMA->iRscp, s.pstWCDMA->iEcio}) +
+           Radio("TD", s.pstTD_SCDMA->bUsed,
+                 {s.pstTD_SCDMA->iRssi, s.pstTD_SCDMA->iRscp, s.pstTD_SCDMA->iEcio}) +
+           Radio("LTE", s.pstLTE->bUsed,
+                 {s.pstLTE->iRssi, s.pstLTE->iRsrp, s.pstLTE->iSinr, s.pstLTE->iRsrq}) +
+           Radio("CDMA", s.pstCDMA->bUsed, {s.pstCDMA->iRssi, s.pstCDMA->iEcio}) +
+           Radio("EVDO", s.pstEVDO->bUsed, {s.pstEVDO->iRssi, s.pstEVDO->iEcio, s.pstEVDO->iSinr}) +
+           Radio("HYBRID", h.bUsed,
+                 {h.iCdma_Rssi, h.iCdma_Ecio, h.iEvdo_Rssi, h.iEvdo_Ecio, h.IEvdo_Sinr});
 }
 
 TEST(HcsqLineTest, LinesFillTheirRadio)
@@ -226,18 +213,14 @@ TEST(HcsqLineTest, LinesFillTheirRadio)
           {"EVDO", "40", "30", "100"}, {"CDMA-EVDO", "1", "2", "3", "4", "5"}},
          "svc WCDMA(40,30,50) TD(41,31,51) CDMA(50,20) EVDO(40,30,100) HYBRID(1,2,3,4,5)"},
         // Short lines: what the modem leaves out is "not reported", never 0.
-        {"GSM rssi only", {{"GSM", "36"}}, "svc GSM(36)"},
         {"name alone", {{"LTE"}}, "svc LTE(255,255,255,255)"},
         {"two of four", {{"LTE", "30", "19"}}, "svc LTE(30,19,255,255)"},
         {"empty field inside", {{"WCDMA", "", "30", ""}}, "svc WCDMA(255,30,255)"},
         {"explicit zero", {{"GSM", "0"}}, "svc GSM(0)"},
-        {"hybrid short", {{"CDMA-EVDO", "40", "10"}}, "svc HYBRID(40,10,255,255,255)"},
-        {"surplus values", {{"GSM", "36", "1", "2", "3", "4", "5"}}, "svc GSM(36)"},
         // Names: exact, one pair of quotes tolerated.
         {"quoted name", {{"\"LTE\"", "30"}}, "svc LTE(30,255,255,255)"},
         {"lower case", {{"lte", "30"}}, "nosvc"},
         {"unknown radio", {{"WIMAX", "40"}}, "nosvc"},
-        {"empty name", {{""}}, "nosvc"},
         {"no fields at all", {{}}, "nosvc"},
         {"name with blank", {{"GSM ", "36"}}, "nosvc"},
         {"unknown beside known", {{"GSM", "36"}, {"WIMAX", "1"}}, "svc GSM(36)"},
@@ -268,97 +251,77 @@ TEST(HcsqLineTest, TellsWhetherTheNameWasKnown)
     EXPECT_EQ(Describe(stInfo), "nosvc CDMA(1,2)");
 }
 
-// What each signal query takes out of one reading.
+const int kUntouched = -999;
+
+// "v" or "a/b" for what a query found, "-" when it found nothing and left its
+// outputs alone.
+std::string Found(bool bFound, int iA, int iB = kUntouched)
+{
+    if (!bFound) {
+        return iA == kUntouched && iB == kUntouched ? "-" : "written without a result";
+    }
+    return std::to_string(iA) + (iB == kUntouched ? "" : "/" + std::to_string(iB));
+}
+
+// What each signal query takes out of one reading, in this order: GW
+// percentage, TD-SCDMA percentage, CDMA percentage, EV-DO percentage,
+// RSCP/Ec-Io, RSRP/RSRQ, the first rssi.
+std::string Taken(const NETSRV_DATA::HCSQ_INFO& stInfo)
+{
+    int iTd = kUntouched, iEvdo = kUntouched, iFirst = kUntouched;
+    int iRscp = kUntouched, iEcio = kUntouched, iRsrp = kUntouched, iRsrq = kUntouched;
+    const bool bTd = HcsqTdPercent(stInfo, iTd);
+    const bool bEvdo = HcsqEvdoPercent(stInfo, iEvdo);
+    const bool bRscp = HcsqRscpEcio(stInfo, iRscp, iEcio);
+    const bool bRsrp = HcsqRsrpRsrq(stInfo, iRsrp, iRsrq);
+    const bool bFirst = HcsqFirstRssi(stInfo, iFirst);
+    return std::to_string(HcsqGwPercent(stInfo)) + " " + Found(bTd, iTd) + " " +
+           std::to_string(HcsqCdmaPercent(stInfo)) + " " + Found(bEvdo, iEvdo) + " " +
+           Found(bRscp, iRscp, iEcio) + " " + Found(bRsrp, iRsrp, iRsrq) + " " +
+           Found(bFirst, iFirst);
+}
+
 TEST(HcsqLineTest, ValuesTakenOutOfAReading)
 {
-    typedef std::optional<int> Opt;
-    typedef std::optional<std::pair<int, int>> Pair;
-    const Opt none;
-    const Pair nopair;
     struct Row {
         const char* pszWhat;
         std::vector<Fields> lines;
-        int iGw;          // HcsqGwPercent
-        Opt td;           // HcsqTdPercent
-        int iCdma;        // HcsqCdmaPercent
-        Opt evdo;         // HcsqEvdoPercent
-        Pair rscpEcio;    // HcsqRscpEcio
-        Pair rsrpRsrq;    // HcsqRsrpRsrq
-        Opt firstRssi;    // HcsqFirstRssi
+        const char* pszTaken;   // gw td cdma evdo rscp/ecio rsrp/rsrq first
     } rows[] = {
-        {"WCDMA", {{"WCDMA", "40", "30", "50"}}, 51, none, 0, none, Pair({-91, -7}), nopair, 40},
-        {"GSM and WCDMA", {{"GSM", "36"}, {"WCDMA", "40", "30", "50"}},
-         51, none, 0, none, Pair({-91, -7}), nopair, 36},
-        {"GSM", {{"GSM", "36"}}, 45, none, 0, none, nopair, nopair, 36},
-        {"GSM unreported", {{"GSM", "255"}}, 0, none, 0, none, nopair, nopair, none},
+        {"WCDMA", {{"WCDMA", "40", "30", "50"}}, "51 - 0 - -91/-7 - 40"},
+        {"GSM and WCDMA", {{"GSM", "36"}, {"WCDMA", "40", "30", "50"}}, "51 - 0 - -91/-7 - 36"},
+        {"GSM", {{"GSM", "36"}}, "45 - 0 - - - 36"},
+        {"GSM unreported", {{"GSM", "255"}}, "0 - 0 - - - -"},
         {"WCDMA rssi unreported", {{"WCDMA", "255", "30", "50"}, {"GSM", "36"}},
-         45, none, 0, none, Pair({-91, -7}), nopair, 36},
-        {"no service", {{"NOSERVICE"}}, 0, none, 0, none, nopair, nopair, none},
+         "45 - 0 - -91/-7 - 36"},
+        {"no service", {{"NOSERVICE"}}, "0 - 0 - - - -"},
         {"service withdrawn", {{"GSM", "36"}, {"WCDMA", "40", "30", "50"}, {"NOSERVICE"}},
-         0, none, 0, none, nopair, nopair, none},
+         "0 - 0 - - - -"},
         // TD-SCDMA is never the first rssi.
-        {"TD-SCDMA", {{"TD-SCDMA", "50", "40", "60"}}, 0, 49, 0, none, Pair({-81, -2}), nopair,
-         none},
-        {"TD-SCDMA unreported", {{"TD-SCDMA", "255"}}, 0, 0, 0, none, nopair, nopair, none},
-        {"WCDMA without RSCP, TD with", {{"WCDMA", "40", "255", "50"}, {"TD-SCDMA", "50", "40", "60"}},
-         51, 49, 0, none, Pair({-81, -2}), nopair, 40},
-        {"WCDMA without Ec/Io", {{"WCDMA", "40", "30"}}, 51, none, 0, none, nopair, nopair, 40},
-        {"Ec/Io rounding", {{"WCDMA", "40", "0", "0"}}, 51, none, 0, none, Pair({-121, -32}),
-         nopair, 40},
-        {"LTE", {{"LTE", "30", "50", "130", "20"}}, 0, none, 0, none, nopair, Pair({-91, -10}),
-         30},
-        {"LTE RSRQ odd", {{"LTE", "30", "50", "130", "21"}}, 0, none, 0, none, nopair,
-         Pair({-91, -9}), 30},
-        {"LTE without RSRQ", {{"LTE", "255", "50", "130"}}, 0, none, 0, none, nopair, nopair,
-         none},
-        {"CDMA", {{"CDMA", "50", "20"}}, 0, none, 67, none, nopair, nopair, 50},
-        {"CDMA unreported", {{"CDMA", "255", "20"}}, 0, none, 0, none, nopair, nopair, none},
-        {"EVDO", {{"EVDO", "40", "30", "100"}}, 0, none, 0, 60, nopair, nopair, 40},
-        {"EVDO unreported", {{"EVDO", "255"}}, 0, none, 0, 0, nopair, nopair, none},
-        {"hybrid", {{"CDMA-EVDO", "40", "10", "20", "10", "100"}}, 0, none, 0, 60, nopair,
-         nopair, 40},
-        {"hybrid, EV-DO stronger", {{"CDMA-EVDO", "10", "10", "30"}}, 0, none, 0, 40, nopair,
-         nopair, 30},
-        {"hybrid, EV-DO unreported", {{"CDMA-EVDO", "40", "10", "255"}}, 0, none, 0, 51,
-         nopair, nopair, 40},
-        {"hybrid, CDMA unreported", {{"CDMA-EVDO", "255", "10", "20"}}, 0, none, 0, 40, nopair,
-         nopair, 20},
-        {"hybrid, nothing reported", {{"CDMA-EVDO", "255", "10", "255"}}, 0, none, 0, 0,
-         nopair, nopair, none},
-        {"EVDO before hybrid", {{"CDMA-EVDO", "70", "1", "70"}, {"EVDO", "40"}}, 0, none, 0, 60,
-         nopair, nopair, 40},
-        {"LTE before CDMA", {{"CDMA", "50"}, {"LTE", "30"}}, 0, none, 67, none, nopair, nopair,
-         30},
-        {"unknown radio only", {{"WIMAX", "40"}}, 0, none, 0, none, nopair, nopair, none},
+        {"TD-SCDMA", {{"TD-SCDMA", "50", "40", "60"}}, "0 49 0 - -81/-2 - -"},
+        {"TD-SCDMA unreported", {{"TD-SCDMA", "255"}}, "0 0 0 - - - -"},
+        {"WCDMA without RSCP, TD with",
+         {{"WCDMA", "40", "255", "50"}, {"TD-SCDMA", "50", "40", "60"}}, "51 49 0 - -81/-2 - 40"},
+        {"WCDMA without Ec/Io", {{"WCDMA", "40", "30"}}, "51 - 0 - - - 40"},
+        {"Ec/Io rounding", {{"WCDMA", "40", "0", "0"}}, "51 - 0 - -121/-32 - 40"},
+        {"LTE", {{"LTE", "30", "50", "130", "20"}}, "0 - 0 - - -91/-10 30"},
+        {"LTE RSRQ odd", {{"LTE", "30", "50", "130", "21"}}, "0 - 0 - - -91/-9 30"},
+        {"LTE without RSRQ", {{"LTE", "255", "50", "130"}}, "0 - 0 - - - -"},
+        {"CDMA", {{"CDMA", "50", "20"}}, "0 - 67 - - - 50"},
+        {"CDMA unreported", {{"CDMA", "255", "20"}}, "0 - 0 - - - -"},
+        {"EVDO", {{"EVDO", "40", "30", "100"}}, "0 - 0 60 - - 40"},
+        {"hybrid", {{"CDMA-EVDO", "40", "10", "20", "10", "100"}}, "0 - 0 60 - - 40"},
+        {"hybrid, EV-DO stronger", {{"CDMA-EVDO", "10", "10", "30"}}, "0 - 0 40 - - 30"},
+        {"hybrid, EV-DO unreported", {{"CDMA-EVDO", "40", "10", "255"}}, "0 - 0 51 - - 40"},
+        {"hybrid, CDMA unreported", {{"CDMA-EVDO", "255", "10", "20"}}, "0 - 0 40 - - 20"},
+        {"hybrid, nothing reported", {{"CDMA-EVDO", "255", "10", "255"}}, "0 - 0 0 - - -"},
+        {"EVDO before hybrid", {{"CDMA-EVDO", "70", "1", "70"}, {"EVDO", "40"}}, "0 - 0 60 - - 40"},
+        {"LTE before CDMA", {{"CDMA", "50"}, {"LTE", "30"}}, "0 - 67 - - - 30"},
     };
     for (const Row& row : rows) {
-        SCOPED_TRACE(row.pszWhat);
         NETSRV_DATA::HCSQ_INFO stInfo;
         Read(row.lines, stInfo);
-        EXPECT_EQ(HcsqGwPercent(stInfo), row.iGw);
-        EXPECT_EQ(HcsqCdmaPercent(stInfo), row.iCdma);
-
-        // The two that may leave the caller's value as it was.
-        int iTd = -7;
-        EXPECT_EQ(HcsqTdPercent(stInfo, iTd), row.td.has_value());
-        EXPECT_EQ(iTd, row.td.value_or(-7));
-        int iEvdo = -7;
-        EXPECT_EQ(HcsqEvdoPercent(stInfo, iEvdo), row.evdo.has_value());
-        EXPECT_EQ(iEvdo, row.evdo.value_or(-7));
-
-        int iA = 0;
-        int iB = 0;
-        EXPECT_EQ(HcsqRscpEcio(stInfo, iA, iB), row.rscpEcio.has_value());
-        if (row.rscpEcio) {
-            EXPECT_EQ(std::make_pair(iA, iB), *row.rscpEcio);
-        }
-        EXPECT_EQ(HcsqRsrpRsrq(stInfo, iA, iB), row.rsrpRsrq.has_value());
-        if (row.rsrpRsrq) {
-            EXPECT_EQ(std::make_pair(iA, iB), *row.rsrpRsrq);
-        }
-        int iRssi = -7;
-        EXPECT_EQ(HcsqFirstRssi(stInfo, iRssi), row.firstRssi.has_value());
-        EXPECT_EQ(iRssi, row.firstRssi.value_or(-7));
+        EXPECT_EQ(Taken(stInfo), row.pszTaken) << row.pszWhat;
     }
 }
 
