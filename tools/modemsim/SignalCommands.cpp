@@ -4,6 +4,9 @@
 // as they stand; a modem without the radio has the profile's "unknown"
 // defaults, or lists the command as one it lacks.
 
+#include <initializer_list>
+#include <string>
+
 #include "CommandHandlers.h"
 #include "StateLines.h"
 
@@ -11,9 +14,16 @@ namespace modemsim {
 
 namespace {
 
-std::string Num(int32_t value)
+// An information line of numbers: NumbersLine("^CSNR", {-88, -9}) is "^CSNR: -88,-9".
+std::string NumbersLine(const char* pszName, std::initializer_list<int32_t> values)
 {
-    return std::to_string(value);
+    std::string line = std::string(pszName) + ": ";
+    const char* pszSeparator = "";
+    for (int32_t value : values) {
+        line += pszSeparator + std::to_string(value);
+        pszSeparator = ",";
+    }
+    return line;
 }
 
 }  // namespace
@@ -22,7 +32,7 @@ std::string Num(int32_t value)
 Reply HandleCsqBare(const Profile&, ModemState& state, const AtRequest&)
 {
     const CsqValues& csq = state.signal.csq;
-    return OkReply({"+CSQ: " + Num(csq.rssi) + "," + Num(csq.ber)});
+    return OkReply({NumbersLine("+CSQ", {csq.rssi, csq.ber})});
 }
 
 // The ranges of the scale the modem prints its reading on.
@@ -46,22 +56,22 @@ Reply HandleHcsqRead(const Profile&, ModemState& state, const AtRequest&)
 Reply HandleCsnrRead(const Profile&, ModemState& state, const AtRequest&)
 {
     const CsnrValues& csnr = state.signal.csnr;
-    return OkReply({"^CSNR: " + Num(csnr.rscp) + "," + Num(csnr.ecio)});
+    return OkReply({NumbersLine("^CSNR", {csnr.rscp, csnr.ecio})});
 }
 
 // "^ANQUERY: -88,-9,17,3": RSCP, Ec/Io, rssi (+CSQ scale), antenna bars.
 Reply HandleAnqueryRead(const Profile&, ModemState& state, const AtRequest&)
 {
     const AntennaValues& antenna = state.signal.antenna;
-    return OkReply({"^ANQUERY: " + Num(antenna.rscp) + "," + Num(antenna.ecio) + "," +
-                    Num(antenna.rssi) + "," + Num(antenna.level)});
+    return OkReply({NumbersLine("^ANQUERY",
+                                {antenna.rscp, antenna.ecio, antenna.rssi, antenna.level})});
 }
 
 // "^LTERSRP: -95,-9": RSRP in dBm, RSRQ in dB.
 Reply HandleLteRsrpRead(const Profile&, ModemState& state, const AtRequest&)
 {
     const LteRsrpValues& rsrp = state.signal.lteRsrp;
-    return OkReply({"^LTERSRP: " + Num(rsrp.rsrp) + "," + Num(rsrp.rsrq)});
+    return OkReply({NumbersLine("^LTERSRP", {rsrp.rsrp, rsrp.rsrq})});
 }
 
 // "^LTESCINFO: 301,18,2,5": physical cell id, downlink SINR in dB, antennas,
@@ -69,21 +79,21 @@ Reply HandleLteRsrpRead(const Profile&, ModemState& state, const AtRequest&)
 Reply HandleLteScInfoRead(const Profile&, ModemState& state, const AtRequest&)
 {
     const LteScInfo& info = state.signal.lteScInfo;
-    return OkReply({"^LTESCINFO: " + Num(info.pci) + "," + Num(info.dlsinr) + "," +
-                    Num(info.numant) + "," + Num(info.dlbw)});
+    return OkReply(
+        {NumbersLine("^LTESCINFO", {info.pci, info.dlsinr, info.numant, info.dlbw})});
 }
 
 // "^CSQLVL: 60,99": the CDMA 1x level (0, 20, 40, 60, 80, 99) and the error rate.
 Reply HandleCsqlvlBare(const Profile&, ModemState& state, const AtRequest&)
 {
     const CsqValues& level = state.signal.cdmaCsq;
-    return OkReply({"^CSQLVL: " + Num(level.rssi) + "," + Num(level.ber)});
+    return OkReply({NumbersLine("^CSQLVL", {level.rssi, level.ber})});
 }
 
 // "^HDRCSQLVL: 60": the EV-DO level on the same steps.
 Reply HandleHdrcsqlvlBare(const Profile&, ModemState& state, const AtRequest&)
 {
-    return OkReply({"^HDRCSQLVL: " + Num(state.signal.hdrRssi)});
+    return OkReply({NumbersLine("^HDRCSQLVL", {state.signal.hdrRssi})});
 }
 
 }  // namespace modemsim
