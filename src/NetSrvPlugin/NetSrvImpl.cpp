@@ -57,10 +57,9 @@ CNetSrvImpl::CNetSrvImpl()
     // A failed subscription leaves the service usable for queries.
     RegATCallBack();
 
+    // The registration-report memory (m_bInitAtCGREG, m_iPrvATIndex) was set in
+    // the initialiser list: from here on the processor's thread may use it.
     try {
-        m_bInitAtCGREG = false;
-        m_iPrvATIndex = 0;
-
         // Start 5 seconds in the past so that the first reading goes to the modem.
         m_BaseTime = time(nullptr) - kSysInfoRefreshSeconds;
 
