@@ -78,6 +78,16 @@ unsigned long _GetCmdType(unsigned long uIndex)
     return _AtCmdSetTable[uIndex].type;
 }
 
+Command MakeReport(unsigned long uIndex, const ParamList& params)
+{
+    Command report;
+    report.index = uIndex;
+    report.name = _GetCmdName(uIndex);
+    report.type = _GetCmdType(uIndex);
+    report.params = params;
+    return report;
+}
+
 bool CommandCast(Command rawCmd, ICommand* rsp)
 {
     if (rsp == nullptr) {

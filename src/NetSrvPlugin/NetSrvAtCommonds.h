@@ -26,6 +26,9 @@ extern const CmdSetItem _AtCmdSetTable[INDEX_COUNT];
 // Name and type of table row uIndex. The index is trusted (0 to INDEX_COUNT - 1).
 const char* _GetCmdName(unsigned long uIndex);
 unsigned long _GetCmdType(unsigned long uIndex);
+// A report of table row uIndex carrying these field texts, as the processor
+// would deliver it. The index is trusted.
+Command MakeReport(unsigned long uIndex, const ParamList& params);
 
 // Fills rsp from an unsolicited report when the report's name is rsp's name;
 // otherwise leaves rsp alone. Returns true in every case, so a caller that

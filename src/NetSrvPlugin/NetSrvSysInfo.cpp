@@ -41,17 +41,6 @@ void CopyModeName(char (&szName)[64], const std::string& strText)
     std::memcpy(szName, strText.data(), nLength);
 }
 
-// A report of table row uIndex, carrying these field texts.
-Command MakeReport(unsigned long uIndex, const ParamList& params)
-{
-    Command report;
-    report.index = uIndex;
-    report.name = _GetCmdName(uIndex);
-    report.type = _GetCmdType(uIndex);
-    report.params = params;
-    return report;
-}
-
 }  // namespace
 
 bool CNetSrvImpl::GetSystemInfoEx(SystemInfo& rSysInfo)

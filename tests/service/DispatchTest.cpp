@@ -15,16 +15,6 @@ namespace {
 using testkit::AtForm;
 using namespace NETSRV_DATA;
 
-Command Report(unsigned long index, const ParamList& params)
-{
-    Command report;
-    report.index = index;
-    report.name = _GetCmdName(index);
-    report.type = _GetCmdType(index);
-    report.params = params;
-    return report;
-}
-
 class Dispatch : public ServiceFixture {
 protected:
     void SetUp() override
@@ -67,7 +57,7 @@ TEST_F(Dispatch, EachReportBecomesItsEvent)
         SCOPED_TRACE(_GetCmdName(row.index) + std::string(" ") +
                      (row.params.empty() ? "" : row.params[0]));
         events.Clear();
-        EXPECT_TRUE(service->AtCallBackEvent(Report(row.index, row.params)));
+        EXPECT_TRUE(service->AtCallBackEvent(MakeReport(row.index, row.params)));
         const std::vector<testkit::RecordedEvent> seen = events.Events();
         ASSERT_EQ(seen.size(), 1u);
         EXPECT_EQ(seen[0].event, row.event);
@@ -84,10 +74,10 @@ TEST_F(Dispatch, ReportsWithoutAnEventAreRefused)
     const unsigned long refused[] = {INDEX_SYS_CFG, INDEX_SIM_STATUS, INDEX_SYS_SYSCONFIG,
                                      INDEX_CSQ, INDEX_CEREG};
     for (unsigned long index : refused) {
-        EXPECT_FALSE(service->AtCallBackEvent(Report(index, {"1"}))) << index;
+        EXPECT_FALSE(service->AtCallBackEvent(MakeReport(index, {"1"}))) << index;
     }
     // A record that is not what its index says is handled and sends nothing.
-    Command mislabelled = Report(INDEX_RSSI_IND, {"17"});
+    Command mislabelled = MakeReport(INDEX_RSSI_IND, {"17"});
     mislabelled.name = "^MODE";
     EXPECT_TRUE(service->AtCallBackEvent(mislabelled));
     EXPECT_TRUE(events.Events().empty());
@@ -95,7 +85,7 @@ TEST_F(Dispatch, ReportsWithoutAnEventAreRefused)
 
 TEST_F(Dispatch, OperatorListKeepsQuotedCommasAndStopsAtTheEmptyField)
 {
-    EXPECT_TRUE(service->AtCallBackEvent(Report(
+    EXPECT_TRUE(service->AtCallBackEvent(MakeReport(
         INDEX_NET_SEARCH, {"(2,\"Op, Inc\",\"Op\",\"00101\",2)", "(1,\"Other\",\"OT\",\"00102\",7)",
                            "(3,\"Banned\",\"\",\"00103\",0)", "", "(0,1,2,3,4)", "(0,1,2)"})));
     const std::vector<testkit::RecordedEvent> seen = events.Events();
@@ -119,7 +109,7 @@ TEST_F(Dispatch, OperatorListKeepsQuotedCommasAndStopsAtTheEmptyField)
 TEST_F(Dispatch, EmptyOrOversizedSearchResults)
 {
     // An empty first field is how a failed search is reported: an empty list.
-    EXPECT_TRUE(service->AtCallBackEvent(Report(INDEX_NET_SEARCH, {""})));
+    EXPECT_TRUE(service->AtCallBackEvent(MakeReport(INDEX_NET_SEARCH, {""})));
     ASSERT_EQ(events.Events().size(), 1u);
     EXPECT_EQ(events.Events()[0].plmnList.btPlmnNumber, 0);
 
@@ -130,7 +120,7 @@ TEST_F(Dispatch, EmptyOrOversizedSearchResults)
         groups.push_back("(1,\"Net " + std::to_string(i) + "\",\"N\",\"0010" + std::to_string(i) +
                          "\",2)");
     }
-    EXPECT_TRUE(service->AtCallBackEvent(Report(INDEX_NET_SEARCH, groups)));
+    EXPECT_TRUE(service->AtCallBackEvent(MakeReport(INDEX_NET_SEARCH, groups)));
     const std::vector<testkit::RecordedEvent> seen = events.Events();
     ASSERT_EQ(seen.size(), 1u);
     const SPlmnList& list = seen[0].plmnList;
@@ -144,7 +134,7 @@ TEST_F(Dispatch, RegistrationReportsStartTheDomainCheck)
 {
     processor.Expect("^SYSINFOEX", AtForm::Bare)
         .Answer({"2", "3", "0", "1", "0", "6", "LTE", "101", "LTE"});
-    EXPECT_TRUE(service->AtCallBackEvent(Report(INDEX_NET_REGISTER, {"1", "CE00", "01CEAD8F"})));
+    EXPECT_TRUE(service->AtCallBackEvent(MakeReport(INDEX_NET_REGISTER, {"1", "CE00", "01CEAD8F"})));
     ASSERT_TRUE(events.WaitForCount(2, std::chrono::seconds(5)));
     EXPECT_EQ(events.Ids(), (std::vector<int>{EVENT_SRV_DOMAIN, EVENT_NET_SERVER_STATUS}));
 
@@ -155,7 +145,7 @@ TEST_F(Dispatch, RegistrationReportsStartTheDomainCheck)
         std::chrono::seconds(5)));
     // Let the first check's thread finish returning.
     std::this_thread::sleep_for(std::chrono::milliseconds(200));
-    EXPECT_TRUE(service->AtCallBackEvent(Report(INDEX_CGREG, {"1"})));
+    EXPECT_TRUE(service->AtCallBackEvent(MakeReport(INDEX_CGREG, {"1"})));
     EXPECT_TRUE(testkit::WaitUntil(
         [&] { return traces.Count("GetSystemInfoEx: Return m_Sysinfo Directely") == 1; },
         std::chrono::seconds(5)));
