@@ -1,4 +1,4 @@
-// The real modem answers of the shared fixture file, as table rows for tests.
+// The real modem answers of tests/fixtures/modem-answers.json, as table rows for tests.
 // The including test target defines NETSRV_FIXTURES_DIR.
 #ifndef TESTKIT_MODEMANSWERS_H
 #define TESTKIT_MODEMANSWERS_H
