@@ -259,21 +259,59 @@ bool STRING::operator==(const std::string& strText)
     return !IsEmpty() && ToString() == strText;
 }
 
-// ---- NUMERIC: decimal fields such as the 2 of "+CREG: 0,2" ----------------------
+// ---- NUMERIC and HEX: the printing and copying they share ------------------------
 
-long NUMERIC::TypeId()
-{
-    return PARAM_ID_NUMERIC;
-}
-
-std::string NUMERIC::ToString()
+template <int Radix>
+std::string RadixNumber<Radix>::ToString()
 {
     if (IsEmpty()) {
         return std::string();
     }
     char szText[kNumberTextSize];
-    PrintNumber(m_data.NumValue, 10, szText);
+    PrintNumber(m_data.NumValue, Radix, szText);
     return szText;
+}
+
+template <int Radix>
+bool RadixNumber<Radix>::SetData(const void* pSource, uint /*nLength*/)
+{
+    if (pSource == nullptr) {
+        return false;
+    }
+    return FromString(std::string(static_cast<const char*>(pSource)));
+}
+
+template <int Radix>
+bool RadixNumber<Radix>::GetData(void* pDestination, uint nCapacity)
+{
+    if (IsEmpty() || pDestination == nullptr) {
+        return false;
+    }
+    char szText[kNumberTextSize];
+    const size_t nLength = PrintNumber(m_data.NumValue, Radix, szText);
+    if (nLength > nCapacity) {
+        return false;
+    }
+    std::memcpy(pDestination, szText, nLength);
+    return true;
+}
+
+template <int Radix>
+void RadixNumber<Radix>::Assign(uint64 value)
+{
+    char szText[kNumberTextSize];
+    m_data.NumValue = value;
+    m_data.nSize = static_cast<uint32_t>(PrintNumber(value, Radix, szText));
+}
+
+template class RadixNumber<10>;
+template class RadixNumber<16>;
+
+// ---- NUMERIC: decimal fields such as the 2 of "+CREG: 0,2" ----------------------
+
+long NUMERIC::TypeId()
+{
+    return PARAM_ID_NUMERIC;
 }
 
 bool NUMERIC::FromString(const std::string& strText)
@@ -284,61 +322,11 @@ bool NUMERIC::FromString(const std::string& strText)
     return true;
 }
 
-bool NUMERIC::SetData(const void* pSource, uint /*nLength*/)
-{
-    if (pSource == nullptr) {
-        return false;
-    }
-    return FromString(std::string(static_cast<const char*>(pSource)));
-}
-
-bool NUMERIC::GetData(void* pDestination, uint nCapacity)
-{
-    if (IsEmpty() || pDestination == nullptr) {
-        return false;
-    }
-    char szText[kNumberTextSize];
-    const size_t nLength = PrintNumber(m_data.NumValue, 10, szText);
-    if (nLength > nCapacity) {
-        return false;
-    }
-    std::memcpy(pDestination, szText, nLength);
-    return true;
-}
-
-NUMERIC& NUMERIC::operator=(uint64 value)
-{
-    char szText[kNumberTextSize];
-    m_data.NumValue = value;
-    m_data.nSize = static_cast<uint32_t>(PrintNumber(value, 10, szText));
-    return *this;
-}
-
-bool NUMERIC::operator==(uint64 value)
-{
-    return !IsEmpty() && m_data.NumValue == value;
-}
-
-NUMERIC::operator uint64()
-{
-    return GetNumValue();
-}
-
 // ---- HEX: hexadecimal fields such as the cell id 1A2B of "+CREG: 2,1,..." --------
 
 long HEX::TypeId()
 {
     return PARAM_ID_HEX;
-}
-
-std::string HEX::ToString()
-{
-    if (IsEmpty()) {
-        return std::string();
-    }
-    char szText[kNumberTextSize];
-    PrintNumber(m_data.NumValue, 16, szText);
-    return szText;
 }
 
 bool HEX::FromString(const std::string& strText)
@@ -347,46 +335,6 @@ bool HEX::FromString(const std::string& strText)
     dsatutil_atoll(&m_data.NumValue, reinterpret_cast<const unsigned char*>(strText.c_str()), 16);
     m_data.nSize = TextLength(strText);
     return true;
-}
-
-bool HEX::SetData(const void* pSource, uint /*nLength*/)
-{
-    if (pSource == nullptr) {
-        return false;
-    }
-    return FromString(std::string(static_cast<const char*>(pSource)));
-}
-
-bool HEX::GetData(void* pDestination, uint nCapacity)
-{
-    if (IsEmpty() || pDestination == nullptr) {
-        return false;
-    }
-    char szText[kNumberTextSize];
-    const size_t nLength = PrintNumber(m_data.NumValue, 16, szText);
-    if (nLength > nCapacity) {
-        return false;
-    }
-    std::memcpy(pDestination, szText, nLength);
-    return true;
-}
-
-HEX& HEX::operator=(uint64 value)
-{
-    char szText[kNumberTextSize];
-    m_data.NumValue = value;
-    m_data.nSize = static_cast<uint32_t>(PrintNumber(value, 16, szText));
-    return *this;
-}
-
-bool HEX::operator==(uint64 value)
-{
-    return !IsEmpty() && m_data.NumValue == value;
-}
-
-HEX::operator uint64()
-{
-    return GetNumValue();
 }
 
 // ---- REAL: prints with as many significant digits as its text had ---------------

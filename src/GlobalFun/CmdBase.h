@@ -56,46 +56,74 @@ public:
     bool GetData(void* pDestination, uint nCapacity) override;
 };
 
-// Unsigned 64-bit decimal number; nSize is the length of its text.
-class NUMERIC : public PARAMETER {
+// What NUMERIC and HEX share: an unsigned 64-bit value that prints in one
+// radix (10 or 16), with nSize the length of its text. Only reading differs.
+template <int Radix>
+class RadixNumber : public PARAMETER {
 public:
-    NUMERIC() {}
-    NUMERIC(const NUMERIC& other) : PARAMETER(other) {}
-    NUMERIC& operator=(const NUMERIC& other)
+    bool operator==(uint64 value) { return !IsEmpty() && m_data.NumValue == value; }
+    operator uint64() { return GetNumValue(); }
+
+    std::string ToString() override;
+    bool SetData(const void* pSource, uint nLength) override;
+    bool GetData(void* pDestination, uint nCapacity) override;
+
+protected:
+    RadixNumber() {}
+    RadixNumber(const RadixNumber& other) : PARAMETER(other) {}
+    RadixNumber& operator=(const RadixNumber& other)
     {
         PARAMETER::operator=(other);
         return *this;
     }
-    NUMERIC& operator=(uint64 value);
-    bool operator==(uint64 value);
-    operator uint64();
+    ~RadixNumber() {}
+
+    // Stores the value with the length of its text in this radix.
+    void Assign(uint64 value);
+};
+
+// Both radixes are instantiated once, in CmdBase.cpp.
+extern template class RadixNumber<10>;
+extern template class RadixNumber<16>;
+
+// Unsigned 64-bit decimal number; a sign is read ("-95" wraps to 2^64 - 95).
+class NUMERIC : public RadixNumber<10> {
+public:
+    NUMERIC() {}
+    NUMERIC(const NUMERIC& other) : RadixNumber(other) {}
+    NUMERIC& operator=(const NUMERIC& other)
+    {
+        RadixNumber::operator=(other);
+        return *this;
+    }
+    NUMERIC& operator=(uint64 value)
+    {
+        Assign(value);
+        return *this;
+    }
 
     long TypeId() override;
-    std::string ToString() override;
     bool FromString(const std::string& strText) override;
-    bool SetData(const void* pSource, uint nLength) override;
-    bool GetData(void* pDestination, uint nCapacity) override;
 };
 
 // Unsigned 64-bit number written in hexadecimal.
-class HEX : public PARAMETER {
+class HEX : public RadixNumber<16> {
 public:
     HEX() {}
-    HEX(const HEX& other) : PARAMETER(other) {}
+    HEX(const HEX& other) : RadixNumber(other) {}
     HEX& operator=(const HEX& other)
     {
-        PARAMETER::operator=(other);
+        RadixNumber::operator=(other);
         return *this;
     }
-    HEX& operator=(uint64 value);
-    bool operator==(uint64 value);
-    operator uint64();
+    HEX& operator=(uint64 value)
+    {
+        Assign(value);
+        return *this;
+    }
 
     long TypeId() override;
-    std::string ToString() override;
     bool FromString(const std::string& strText) override;
-    bool SetData(const void* pSource, uint nLength) override;
-    bool GetData(void* pDestination, uint nCapacity) override;
 };
 
 // A double; ToString prints as many significant digits as nSize says.

@@ -149,8 +149,6 @@ bool HcsqRscpEcio(const NETSRV_DATA::HCSQ_INFO& stInfo, int& iRscp, int& iEcio)
     if (!stInfo.bService) {
         return false;
     }
-    // An RSCP of v stands for v - 121 dBm, an Ec/Io of v for (v - 65) / 2 dB
-    // (0.5 dB steps, truncated toward zero).
     int32_t iRawRscp = kNotReported;
     int32_t iRawEcio = kNotReported;
     if (stInfo.pstWCDMA->bUsed && stInfo.pstWCDMA->iRscp != kNotReported &&
@@ -164,8 +162,8 @@ bool HcsqRscpEcio(const NETSRV_DATA::HCSQ_INFO& stInfo, int& iRscp, int& iEcio)
     } else {
         return false;
     }
-    iRscp = static_cast<int>(static_cast<int64_t>(iRawRscp) - 121);
-    iEcio = static_cast<int>((static_cast<int64_t>(iRawEcio) - 65) / 2);
+    iRscp = HcsqRscpToDbm(iRawRscp);
+    iEcio = HcsqEcioToDb(iRawEcio);
     return true;
 }
 
@@ -176,10 +174,8 @@ bool HcsqRsrpRsrq(const NETSRV_DATA::HCSQ_INFO& stInfo, int& iRsrp, int& iRsrq)
         stLte.iRsrq == kNotReported) {
         return false;
     }
-    // An RSRP of v stands for v - 141 dBm, an RSRQ of v for (v - 40) / 2 dB
-    // (0.5 dB steps, truncated toward zero).
-    iRsrp = static_cast<int>(static_cast<int64_t>(stLte.iRsrp) - 141);
-    iRsrq = static_cast<int>((static_cast<int64_t>(stLte.iRsrq) - 40) / 2);
+    iRsrp = HcsqRsrpToDbm(stLte.iRsrp);
+    iRsrq = HcsqRsrqToDb(stLte.iRsrq);
     return true;
 }
 

@@ -1,5 +1,5 @@
-// Construction and destruction of the service, the AT processor lookup and the
-// execute-and-wait road of its first query, the modem's last error.
+// Construction and destruction of the service, the AT processor lookup, the
+// road that every command takes to the modem, and the modem's last error.
 
 #include "NetSrvImpl.h"
 #include "NetSrvOutputs.h"
@@ -14,8 +14,6 @@
 #include "NetSrvTrace.h"
 
 namespace {
-// Time-out of every ordinary command, in milliseconds.
-const unsigned long kCommandTimeoutMs = 30000;
 // A system-information reading younger than this is served from the cache.
 const time_t kSysInfoRefreshSeconds = 5;
 // How long the destructor waits for a running operator search (it may take
@@ -169,15 +167,61 @@ IProcessor* CNetSrvImpl::GetAtProcessor()
     return static_cast<IProcessor*>(pProcessor);
 }
 
-bool CNetSrvImpl::ExecuteWaitResponse(IProcessor* pProcessor, ICommand* pCmd, ICommand* pRsp,
-                                      unsigned long ulTimeoutMs, unsigned long* pdwError)
+template <typename Call>
+bool CNetSrvImpl::Execute(const OnFailure& failure, Call call)
 {
-    unsigned long dwError = 0;
-    if (pProcessor->ExecuteCmdWaitResponse(pCmd, pRsp, &dwError, ulTimeoutMs)) {
+    IProcessor* pProcessor = GetAtProcessor();
+    if (pProcessor == nullptr) {
+        failure.NoProcessor();
+        return false;
+    }
+    unsigned long dwCode = 0;
+    if (call(*pProcessor, &dwCode)) {
         return true;
     }
-    m_dwLastError = dwError;
-    *pdwError = dwError;
+    failure.Settle(dwCode, m_dwLastError);
+    return false;
+}
+
+bool CNetSrvImpl::ExecuteWithResponse(ICommand& cmd, ICommand& rsp, const OnFailure& failure,
+                                      unsigned long ulTimeoutMs)
+{
+    return Execute(failure, [&](IProcessor& processor, unsigned long* pdwCode) {
+        return processor.ExecuteCmdWaitResponse(&cmd, &rsp, pdwCode, ulTimeoutMs);
+    });
+}
+
+bool CNetSrvImpl::ExecuteWithLines(ICommand& cmd, IMultiResponse& lines, const OnFailure& failure,
+                                   unsigned long ulTimeoutMs)
+{
+    return Execute(failure, [&](IProcessor& processor, unsigned long* pdwCode) {
+        return processor.ExecuteCmdWaitMultiResponse(&cmd, &lines, pdwCode, ulTimeoutMs);
+    });
+}
+
+bool CNetSrvImpl::ExecuteNoResponse(ICommand& cmd, const OnFailure& failure,
+                                    unsigned long ulTimeoutMs)
+{
+    return Execute(failure, [&](IProcessor& processor, unsigned long* pdwCode) {
+        return processor.ExecuteCmdNoResponse(&cmd, pdwCode, ulTimeoutMs);
+    });
+}
+
+bool CNetSrvImpl::HasAtProcessor()
+{
+    if (GetAtProcessor() != nullptr) {
+        return true;
+    }
+    NetSrvTrace(TL_ERRO, NETSRV_MSG_NO_PROCESSOR);
+    return false;
+}
+
+bool CNetSrvImpl::FailWithLastError(unsigned long* pdwStatus, const char* pszMessage)
+{
+    *pdwStatus = static_cast<unsigned long>(GetLastError());
+    if (pszMessage != nullptr) {
+        NetSrvTrace(TL_ERRO, pszMessage);
+    }
     return false;
 }
 
@@ -191,17 +235,10 @@ bool CNetSrvImpl::SRVGetLastErr(NETSRV_DATA::SRV_LAST_ERROR* pLastErr, unsigned 
     ReadLastErrRsp rsp;
     // The caller chooses which kind of last error it asks for.
     cmd.type = static_cast<uint64>(pLastErr->type);
-
-    IProcessor* pProcessor = GetAtProcessor();
-    if (pProcessor == nullptr) {
-        NetSrvTrace(TL_ERRO, NETSRV_MSG_NO_PROCESSOR);
+    if (!ExecuteWithResponse(cmd, rsp,
+                             OnFailure(pdwStatus).Trace("CNetSrvImpl::SRVGetLastErr error"))) {
         return false;
     }
-    if (!ExecuteWaitResponse(pProcessor, &cmd, &rsp, kCommandTimeoutMs, pdwStatus)) {
-        NetSrvTrace(TL_ERRO, "CNetSrvImpl::SRVGetLastErr error");
-        return false;
-    }
-
     pLastErr->type = static_cast<unsigned long>(rsp.type.GetNumValue());
     pLastErr->code = static_cast<unsigned long>(rsp.code.GetNumValue());
     return true;

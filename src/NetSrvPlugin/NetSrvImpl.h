@@ -20,6 +20,7 @@
 #include "Interface/IUniCommEvent.h"
 #include "jmutex.h"
 #include "jthreadt.h"
+#include "NetSrvOnFailure.h"
 
 class CNetSrvImpl : public INetSrv, public IAtCallBack, public IUniCommEvent,
                     public IDeviceMgrEvent {
@@ -172,6 +173,14 @@ private:
     bool GetSystemInfoEx(NETSRV_DATA::SystemInfo& rSysInfo);
     // "^SYSINFO", always from the modem; its modes are mapped to the Ex numbering.
     bool GetSystemInfo(NETSRV_DATA::SystemInfo& rSysInfo);
+    // What both readings do with a fresh answer: a "^SYSINFO" report of these
+    // fields is queued when the domain changed and a "^SRVST" report when the
+    // service status did, then status, domain, roaming and SIM state are
+    // stored. The traces ("<reader>: AtCallBackEvent INDEX_SYS_INFO", "...
+    // INDEX_SERV_IND", "<reader>: Begin GetNumValue") name the reading.
+    // Under m_LockSysInfo.
+    void TakeInReading(const char* pszReader, int32_t iSrvStatus, int32_t iDomain, int32_t iRoam,
+                       int32_t iSimState, const ParamList& vctSysInfoFields);
 
     // The signal-bar percentage by radio; each falls back to older commands
     // when "^HCSQ" fails.
@@ -180,12 +189,53 @@ private:
     bool GetCurrentGWSignalPer(int& iPer);
     bool GetCurrentCDMAMODESignalPer(int& iPer);
 
-    // The execute-and-wait road: runs a command with its response object and a
-    // time-out; a failure's code becomes the service's last error and is written
-    // to *pdwError. Each call hands the processor an error word of its own, so
-    // that two queries failing at once cannot see each other's code.
-    bool ExecuteWaitResponse(IProcessor* pProcessor, ICommand* pCmd, ICommand* pRsp,
-                             unsigned long ulTimeoutMs, unsigned long* pdwError);
+    // ---- The road of every command to the modem ----------------------------
+    //
+    // The rule for an operation, new ones included:
+    //  1. OutputsUsable (NetSrvOutputs.h) checks the error word and the outputs;
+    //  2. the command object and its response live on the stack, parameters set;
+    //  3. one of the Execute helpers below runs it, and its OnFailure says where
+    //     a failure's code goes and what is traced;
+    //  4. the answer is copied out.
+    // For example:
+    //     GetAntennaLevelCmdEx cmd;
+    //     GetAntennaLevelCmdRspEx rsp;
+    //     if (!ExecuteWithResponse(cmd, rsp, OnFailure(pdwStatus).Trace("... error"))) {
+    //         return false;
+    //     }
+    //     pstLevel->wLevel = static_cast<uint16_t>(rsp.level.GetNumValue());
+    // An operation that derives its answer from another reading ends that
+    // reading's failure with FailWithLastError. Nothing else looks up the
+    // processor or calls it.
+
+    // Every command waits this long for the modem unless its operation says otherwise.
+    static constexpr unsigned long kCommandTimeoutMs = 30000;
+
+    // Execute with a response object, with the lines of a multi-line answer,
+    // or without a response (settings, and the operator search whose lines
+    // arrive as reports). False when the processor is missing (its trace is
+    // written, no word is touched) or the command failed (as OnFailure says).
+    bool ExecuteWithResponse(ICommand& cmd, ICommand& rsp, const OnFailure& failure,
+                             unsigned long ulTimeoutMs = kCommandTimeoutMs);
+    bool ExecuteWithLines(ICommand& cmd, IMultiResponse& lines, const OnFailure& failure,
+                          unsigned long ulTimeoutMs = kCommandTimeoutMs);
+    bool ExecuteNoResponse(ICommand& cmd, const OnFailure& failure,
+                           unsigned long ulTimeoutMs = kCommandTimeoutMs);
+    // The common part of the three: finds the processor, runs the call with a
+    // fresh error word and settles a failure.
+    template <typename Call>
+    bool Execute(const OnFailure& failure, Call call);
+    // True when the container has an AT processor; traces its absence. For
+    // operations that must know before they choose between fall-backs.
+    bool HasAtProcessor();
+    // The getters of one field of the system information (cached up to 5 s):
+    // the field into *pOut, or FailWithLastError with pszFailure.
+    template <typename Out>
+    bool CopySystemInfoField(Out* pOut, int32_t NETSRV_DATA::SystemInfo::*pField,
+                             unsigned long* pdwStatus, const char* pszFailure);
+    // The end of an operation whose reading failed: GetLastError() into the
+    // caller's word, the message (if any) traced at TL_ERRO; always false.
+    bool FailWithLastError(unsigned long* pdwStatus, const char* pszMessage = nullptr);
 
     // Written by whichever query failed last, on any host thread.
     std::atomic<unsigned long> m_dwLastError;

@@ -5,10 +5,6 @@
 // its own fall-back ("+CSQ", "^CSQLVL", "^HDRCSQLVL", "^CSNR", "^LTERSRP",
 // "^LTESCINFO"). Which percentage the bar shows depends on the kind of device
 // and on the system mode it is camped on. Nothing is cached here.
-//
-// A failed command's code is the service's last error and reaches the caller's
-// error word straight from the execute helper, never re-read from the shared
-// word, which another query may have overwritten meanwhile.
 
 #include <memory>
 #include <new>
@@ -24,9 +20,6 @@
 #include "NetSrvTrace.h"
 
 namespace {
-
-// Time-out of every signal command, in milliseconds.
-const unsigned long kCommandTimeoutMs = 30000;
 
 // Frees the lines that the processor added to the list, whatever the outcome of
 // the command: the list hands them out but does not own them.
@@ -83,8 +76,10 @@ int DeviceKind()
 }
 
 // The last fall-back of every signal bar: the "+CSQ" rssi (TD-SCDMA's offset
-// already taken off). pszFailure is traced when even that cannot be read.
-bool ReadRowRssi(CNetSrvImpl& service, const char* pszFailure, int& iRssi)
+// already taken off) through the bar's formula. pszFailure is traced when
+// even that cannot be read.
+template <typename ToPercent>
+bool RowRssiPercent(CNetSrvImpl& service, const char* pszFailure, ToPercent toPercent, int& iPer)
 {
     NETSRV_DATA::RowRSSI stRow;
     unsigned long dwStatus = 0;
@@ -92,7 +87,7 @@ bool ReadRowRssi(CNetSrvImpl& service, const char* pszFailure, int& iRssi)
         NetSrvTrace(TL_ERRO, pszFailure);
         return false;
     }
-    iRssi = stRow.nRSSI;
+    iPer = toPercent(stRow.nRSSI);
     return true;
 }
 
@@ -104,19 +99,11 @@ bool CNetSrvImpl::SRVGetHCSQInfo(NETSRV_DATA::HCSQ_INFO* pHCSQInfo)
         NetSrvTrace(TL_ERRO, "CNetSrvImpl pHCSQInfo pointer is null");
         return false;
     }
-    IProcessor* pProcessor = GetAtProcessor();
-    if (pProcessor == nullptr) {
-        NetSrvTrace(TL_ERRO, NETSRV_MSG_NO_PROCESSOR);
-        return false;
-    }
-
     ReadHcsqCmd cmd;
     ReadHcsqRspList rspList;
     HcsqLinesOwner lines(rspList);
-    unsigned long dwError = 0;
-    if (!pProcessor->ExecuteCmdWaitMultiResponse(&cmd, &rspList, &dwError, kCommandTimeoutMs)) {
-        // Modems without "^HCSQ" end here; every caller has a fall-back.
-        m_dwLastError = dwError;
+    // Modems without "^HCSQ" fail here, silently: every caller has a fall-back.
+    if (!ExecuteWithLines(cmd, rspList, OnFailure())) {
         return false;
     }
     // In the order received: a "NOSERVICE" after a radio's line withdraws the
@@ -134,17 +121,9 @@ bool CNetSrvImpl::SRVGetRowRSSI(NETSRV_DATA::RowRSSI* pstRssi, unsigned long* pd
     if (!OutputsUsable(pstRssi, pdwStatus)) {
         return false;
     }
-    IProcessor* pProcessor = GetAtProcessor();
-    if (pProcessor == nullptr) {
-        NetSrvTrace(TL_ERRO, NETSRV_MSG_NO_PROCESSOR);
-        return false;
-    }
-
     ReadRssiCSQCmd cmd;
     ReadRssiCSQRsp rsp;
-    unsigned long dwError = 0;
-    if (!ExecuteWaitResponse(pProcessor, &cmd, &rsp, kCommandTimeoutMs, &dwError)) {
-        *pdwStatus = dwError;
+    if (!ExecuteWithResponse(cmd, rsp, OnFailure(pdwStatus))) {
         return false;
     }
     *pdwStatus = 0;
@@ -208,9 +187,7 @@ bool CNetSrvImpl::SRVGetCurRSSI(NETSRV_DATA::RSSIType* pstRssi, unsigned long* p
     }
 
     if (!bResult) {
-        *pdwStatus = static_cast<unsigned long>(GetLastError());
-        NetSrvTrace(TL_ERRO, "SRVGetCurRSSI() error");
-        return false;
+        return FailWithLastError(pdwStatus, "SRVGetCurRSSI() error");
     }
     pstRssi->btRSSIPercent = static_cast<unsigned char>(iPer);
     pstRssi->nRSSI = 0;
@@ -225,12 +202,8 @@ bool CNetSrvImpl::GetCurrentGWSignalPer(int& iPer)
         return true;
     }
     NetSrvTrace(TL_ERRO, "HCSQ havn't get GW info");
-    int iRowRssi = 0;
-    if (!ReadRowRssi(*this, "GetCurrentGWSignalPer get csq result error", iRowRssi)) {
-        return false;
-    }
-    iPer = RssiToPercent(iRowRssi);
-    return true;
+    return RowRssiPercent(*this, "GetCurrentGWSignalPer get csq result error", RssiToPercent,
+                          iPer);
 }
 
 bool CNetSrvImpl::GetCurrentTDSignalPer(int& iPer)
@@ -242,14 +215,10 @@ bool CNetSrvImpl::GetCurrentTDSignalPer(int& iPer)
         return true;
     }
     NetSrvTrace(TL_ERRO, "HCSQ havn't get TD info");
-    int iRowRssi = 0;
-    if (!ReadRowRssi(*this, "GetCurrentTDSignalPer get csq result error", iRowRssi)) {
-        return false;
-    }
     // SRVGetRowRSSI has already taken the TD-SCDMA offset of 100 off (and made
     // 99 a 0), so the value goes straight into the TD scale.
-    iPer = iRowRssi * 100 / 91;
-    return true;
+    return RowRssiPercent(*this, "GetCurrentTDSignalPer get csq result error",
+                          CsqTdRssiToPercent, iPer);
 }
 
 bool CNetSrvImpl::GetCurrentCDMAMODESignalPer(int& iPer)
@@ -261,33 +230,24 @@ bool CNetSrvImpl::GetCurrentCDMAMODESignalPer(int& iPer)
             return true;
         }
     }
-    IProcessor* pProcessor = GetAtProcessor();
-    if (pProcessor == nullptr) {
-        NetSrvTrace(TL_ERRO, NETSRV_MSG_NO_PROCESSOR);
+    // Without a processor the "+CSQ" fall-back cannot be asked either.
+    if (!HasAtProcessor()) {
         return false;
     }
     // "^CSQLVL" answers with a percentage already.
     ReadCDMARssiCmd cmd;
     ReadCDMARssiRsp rsp;
-    unsigned long dwError = 0;
-    if (ExecuteWaitResponse(pProcessor, &cmd, &rsp, kCommandTimeoutMs, &dwError)) {
+    if (ExecuteWithResponse(cmd, rsp, OnFailure().Trace("CSQLVL havn't get CDMA info"))) {
         iPer = ModemNumberToInt(rsp.RssiValue.GetNumValue());
         return true;
     }
-    NetSrvTrace(TL_ERRO, "CSQLVL havn't get CDMA info");
-    int iRowRssi = 0;
-    if (!ReadRowRssi(*this, "GetCurrentCDMAMODESignalPer get csq result error", iRowRssi)) {
-        return false;
-    }
-    iPer = RssiToPercent(iRowRssi);
-    return true;
+    return RowRssiPercent(*this, "GetCurrentCDMAMODESignalPer get csq result error",
+                          RssiToPercent, iPer);
 }
 
 bool CNetSrvImpl::GetCurrentLteSignalPer(int& iPer)
 {
-    IProcessor* pProcessor = GetAtProcessor();
-    if (pProcessor == nullptr) {
-        NetSrvTrace(TL_ERRO, NETSRV_MSG_NO_PROCESSOR);
+    if (!HasAtProcessor()) {
         return false;
     }
 
@@ -313,12 +273,9 @@ bool CNetSrvImpl::GetCurrentLteSignalPer(int& iPer)
             return false;
         }
         ReadLteRsrpCmd rsrpCmd;
-        unsigned long dwError = 0;
-        if (ExecuteWaitResponse(pProcessor, &rsrpCmd, pRsrpRsp.get(), kCommandTimeoutMs,
-                                &dwError)) {
+        if (ExecuteWithResponse(rsrpCmd, *pRsrpRsp,
+                                OnFailure().Trace("SRVGetCurRSSI ReadLteRsrpCmd error"))) {
             iRsrp = RsrpDbmToHcsq(ModemNumberToInt(pRsrpRsp->rsrp.GetNumValue()));
-        } else {
-            NetSrvTrace(TL_ERRO, "SRVGetCurRSSI ReadLteRsrpCmd error");
         }
 
         std::unique_ptr<ReadLteScInfoRsp> pScInfoRsp(new (std::nothrow) ReadLteScInfoRsp());
@@ -326,24 +283,18 @@ bool CNetSrvImpl::GetCurrentLteSignalPer(int& iPer)
             return false;
         }
         ReadLteScInfoCmd scInfoCmd;
-        if (ExecuteWaitResponse(pProcessor, &scInfoCmd, pScInfoRsp.get(), kCommandTimeoutMs,
-                                &dwError)) {
+        if (ExecuteWithResponse(scInfoCmd, *pScInfoRsp,
+                                OnFailure().Trace("SRVGetCurRSSI ReadLteScInfoCmd error"))) {
             iSinr = SinrDbToHcsq(ModemNumberToInt(pScInfoRsp->dlsinr.GetNumValue()));
-        } else {
-            NetSrvTrace(TL_ERRO, "SRVGetCurRSSI ReadLteScInfoCmd error");
         }
     }
 
     if (iRsrp == NETSRV_DATA::HCSQ_NOT_REPORTED || iSinr == NETSRV_DATA::HCSQ_NOT_REPORTED) {
         NetSrvTrace(TL_ERRO, "LTERSRP or LTESCINFO havn't get LTE info");
-        int iRowRssi = 0;
-        if (!ReadRowRssi(*this, "GetCurrentLteSignalPer get csq result error", iRowRssi)) {
-            return false;
-        }
-        iPer = RssiToPercent(iRowRssi);
-        return true;
+        return RowRssiPercent(*this, "GetCurrentLteSignalPer get csq result error",
+                              RssiToPercent, iPer);
     }
-    iPer = 20 * GetLteSignalStrength(iRsrp, iSinr);
+    iPer = LteSignalPercent(iRsrp, iSinr);
     return true;
 }
 
@@ -370,16 +321,10 @@ bool CNetSrvImpl::SRVGetSignalQuality(NETSRV_DATA::Signal* pstSignal, unsigned l
     }
 
     NetSrvTrace(TL_ERRO, "CNetSrvImpl SRVGetSignalQuality HCSQ command not supported ");
-    IProcessor* pProcessor = GetAtProcessor();
-    if (pProcessor == nullptr) {
-        NetSrvTrace(TL_ERRO, NETSRV_MSG_NO_PROCESSOR);
-        return false;
-    }
     // "^CSNR: -95,-7" carries dBm and dB as they are.
     ReadSignalExCmd cmd;
     ReadSignalExRsp rsp;
-    if (!ExecuteWaitResponse(pProcessor, &cmd, &rsp, kCommandTimeoutMs, pdwStatus)) {
-        NetSrvTrace(TL_ERRO, "SRVGetSignalQuality() error");
+    if (!ExecuteWithResponse(cmd, rsp, OnFailure(pdwStatus).Trace("SRVGetSignalQuality() error"))) {
         return false;
     }
     pstSignal->nRSCP = static_cast<int16_t>(ModemNumberToInt(rsp.rscp.GetNumValue()));
@@ -408,21 +353,13 @@ bool CNetSrvImpl::SRVGetHdrRssiInfo(NETSRV_DATA::RSSIType* pstRssi, unsigned lon
     }
 
     NetSrvTrace(TL_ERRO, "SRVGetHdrRssiInfo() HCSQ command error ");
-    IProcessor* pProcessor = GetAtProcessor();
-    if (pProcessor == nullptr) {
-        NetSrvTrace(TL_ERRO, NETSRV_MSG_NO_PROCESSOR);
-        return false;
-    }
     // "^HDRCSQLVL" answers with a percentage. A modem that answers without a
     // value is taken to have a fair signal: 64 %.
     const uint64 kPercentWithoutValue = 64;
     ReadHdrRssiCmd cmd;
     ReadHdrRssiRsp rsp;
     rsp.RssiValue = kPercentWithoutValue;
-    unsigned long dwError = 0;
-    if (!ExecuteWaitResponse(pProcessor, &cmd, &rsp, kCommandTimeoutMs, &dwError)) {
-        *pdwStatus = dwError;
-        NetSrvTrace(TL_ERRO, "SRVGetHdrRssiInfo() error");
+    if (!ExecuteWithResponse(cmd, rsp, OnFailure(pdwStatus).Trace("SRVGetHdrRssiInfo() error"))) {
         return false;
     }
     const uint64 uPercent =
@@ -438,17 +375,9 @@ bool CNetSrvImpl::SRVGetAntennaLevel(NETSRV_DATA::AntennaLevel* pstLevel, unsign
     if (!OutputsUsable(pstLevel, pdwStatus)) {
         return false;
     }
-    IProcessor* pProcessor = GetAtProcessor();
-    if (pProcessor == nullptr) {
-        NetSrvTrace(TL_ERRO, NETSRV_MSG_NO_PROCESSOR);
-        return false;
-    }
     GetAntennaLevelCmdEx cmd;
     GetAntennaLevelCmdRspEx rsp;
-    unsigned long dwError = 0;
-    if (!ExecuteWaitResponse(pProcessor, &cmd, &rsp, kCommandTimeoutMs, &dwError)) {
-        *pdwStatus = dwError;
-        NetSrvTrace(TL_ERRO, "SRVGetAntennaLevel error");
+    if (!ExecuteWithResponse(cmd, rsp, OnFailure(pdwStatus).Trace("SRVGetAntennaLevel error"))) {
         return false;
     }
     pstLevel->wLevel = static_cast<uint16_t>(rsp.level.GetNumValue());
@@ -497,16 +426,11 @@ bool CNetSrvImpl::SRVGetLteSignalQuality(LteSignal* pstSignal, unsigned long* pd
         }
     }
 
-    IProcessor* pProcessor = GetAtProcessor();
-    if (pProcessor == nullptr) {
-        NetSrvTrace(TL_ERRO, NETSRV_MSG_NO_PROCESSOR);
-        return false;
-    }
     // "^LTERSRP: -95,-10": dBm and dB as they are.
     ReadLteRsrpCmd cmd;
     ReadLteRsrpRsp rsp;
-    if (!ExecuteWaitResponse(pProcessor, &cmd, &rsp, kCommandTimeoutMs, pdwStatus)) {
-        NetSrvTrace(TL_ERRO, "SRVGetLteSignalQuality() error");
+    if (!ExecuteWithResponse(cmd, rsp,
+                             OnFailure(pdwStatus).Trace("SRVGetLteSignalQuality() error"))) {
         return false;
     }
     pstSignal->nRSRP = static_cast<int16_t>(ModemNumberToInt(rsp.rsrp.GetNumValue()));
@@ -520,14 +444,9 @@ bool CNetSrvImpl::SRVGetLteScInfo(LteScInfo* pstInfo, unsigned long* pdwStatus)
     if (!OutputsUsable(pstInfo, pdwStatus)) {
         return false;
     }
-    IProcessor* pProcessor = GetAtProcessor();
-    if (pProcessor == nullptr) {
-        NetSrvTrace(TL_ERRO, NETSRV_MSG_NO_PROCESSOR);
-        return false;
-    }
     ReadLteScInfoCmd cmd;
     ReadLteScInfoRsp rsp;
-    if (!ExecuteWaitResponse(pProcessor, &cmd, &rsp, kCommandTimeoutMs, pdwStatus)) {
+    if (!ExecuteWithResponse(cmd, rsp, OnFailure(pdwStatus))) {
         return false;
     }
     // The downlink bandwidth (the fourth field) is not handed out.

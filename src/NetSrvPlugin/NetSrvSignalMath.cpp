@@ -138,6 +138,36 @@ int GetLteSignalStrength(int irsrp, int idlsinr)
     return iRsrpLevel < iSinrLevel ? iRsrpLevel : iSinrLevel;
 }
 
+int LteSignalPercent(int irsrp, int idlsinr)
+{
+    return 20 * GetLteSignalStrength(irsrp, idlsinr);
+}
+
+int CsqTdRssiToPercent(int iRssi)
+{
+    return WrapToInt(static_cast<int64_t>(iRssi) * 100 / 91);
+}
+
+int HcsqRscpToDbm(int iRscp)
+{
+    return WrapToInt(static_cast<int64_t>(iRscp) - 121);
+}
+
+int HcsqEcioToDb(int iEcio)
+{
+    return WrapToInt((static_cast<int64_t>(iEcio) - 65) / 2);
+}
+
+int HcsqRsrpToDbm(int iRsrp)
+{
+    return WrapToInt(static_cast<int64_t>(iRsrp) - 141);
+}
+
+int HcsqRsrqToDb(int iRsrq)
+{
+    return WrapToInt((static_cast<int64_t>(iRsrq) - 40) / 2);
+}
+
 int RsrpDbmToHcsq(int iRsrpDbm)
 {
     if (iRsrpDbm < -140) {

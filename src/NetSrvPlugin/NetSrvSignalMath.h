@@ -32,6 +32,22 @@ int CalcHybirdPer(int iCDMARssi, int iEvdoRssi);
 // of the two decides; 0 when either is not reported. The bar shows 20 x level.
 int GetLteSignalStrength(int irsrp, int idlsinr);
 
+// The LTE signal bar: 20 x the level above (0, 20, .. 100).
+int LteSignalPercent(int irsrp, int idlsinr);
+
+// The TD-SCDMA bar when only "+CSQ" answers: its rssi, the offset of 100 that
+// such modems add already taken off (0..98), x 100 / 91. No test for 99: the
+// offset removal has turned an unknown value into 0 before this.
+int CsqTdRssiToPercent(int iRssi);
+
+// "^HCSQ" values back to the units a user reads, truncating toward zero:
+// RSCP v is v - 121 dBm, Ec/Io v is (v - 65) / 2 dB (0.5 dB steps), RSRP v is
+// v - 141 dBm, RSRQ v is (v - 40) / 2 dB (0.5 dB steps).
+int HcsqRscpToDbm(int iRscp);
+int HcsqEcioToDb(int iEcio);
+int HcsqRsrpToDbm(int iRsrp);
+int HcsqRsrqToDb(int iRsrq);
+
 // RSRP in dBm ("^LTERSRP: -95,-10") to the "^HCSQ" scale: -140 gives 1, -45
 // gives 96, stronger gives 97, weaker than -140 gives 0.
 int RsrpDbmToHcsq(int iRsrpDbm);

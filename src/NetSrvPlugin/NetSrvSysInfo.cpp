@@ -22,7 +22,6 @@ using namespace NETSRV_DATA;
 
 namespace {
 
-const unsigned long kCommandTimeoutMs = 30000;
 // The processor's code for a command that the modem does not know.
 const unsigned long kErrorNotSupported = 4;
 
@@ -43,6 +42,29 @@ void CopyModeName(char (&szName)[64], const std::string& strText)
 
 }  // namespace
 
+void CNetSrvImpl::TakeInReading(const char* pszReader, int32_t iSrvStatus, int32_t iDomain,
+                                int32_t iRoam, int32_t iSimState,
+                                const ParamList& vctSysInfoFields)
+{
+    const std::string strReader(pszReader);
+    // Compared with the cache before it is overwritten; the domain first.
+    if (iDomain != m_Sysinfo.dwDomain) {
+        Command report = MakeReport(INDEX_SYS_INFO, vctSysInfoFields);
+        NetSrvTrace(TL_INFO, (strReader + ": AtCallBackEvent INDEX_SYS_INFO").c_str());
+        ReportAtCallBackEvent(report);
+    }
+    if (iSrvStatus != m_Sysinfo.dwSrvStatus) {
+        Command report = MakeReport(INDEX_SERV_IND, {std::to_string(iSrvStatus)});
+        NetSrvTrace(TL_INFO, (strReader + ": AtCallBackEvent INDEX_SERV_IND").c_str());
+        ReportAtCallBackEvent(report);
+    }
+    NetSrvTrace(TL_INFO, (strReader + ": Begin GetNumValue").c_str());
+    m_Sysinfo.dwSrvStatus = iSrvStatus;
+    m_Sysinfo.dwDomain = iDomain;
+    m_Sysinfo.dwRoam = iRoam;
+    m_Sysinfo.dwSimState = iSimState;
+}
+
 bool CNetSrvImpl::GetSystemInfoEx(SystemInfo& rSysInfo)
 {
     NetSrvTrace(TL_INFO, "GetSystemInfoEx: Enter!");
@@ -60,49 +82,27 @@ bool CNetSrvImpl::GetSystemInfoEx(SystemInfo& rSysInfo)
         return true;
     }
 
-    IProcessor* pProcessor = GetAtProcessor();
-    if (pProcessor == nullptr) {
-        NetSrvTrace(TL_ERRO, NETSRV_MSG_NO_PROCESSOR);
-        return false;
-    }
-
     SystemInfoExCmd cmd;
     SystemInfoExRsp rsp;
-    unsigned long dwError = 0;
     // Nothing remembers a refusal: the modem may learn the command with new
     // firmware, and asking costs one round trip.
-    if (!ExecuteWaitResponse(pProcessor, &cmd, &rsp, kCommandTimeoutMs, &dwError)) {
-        if (dwError == kErrorNotSupported) {
-            NetSrvTrace(TL_INFO, "GetSystemInfoEx , don't support SYSINFOEX command");
-        } else {
-            NetSrvTrace(TL_ERRO, "GetSystemInfoEx: Excues command SYSINFOEX ERROR");
-        }
+    if (!ExecuteWithResponse(
+            cmd, rsp,
+            OnFailure()
+                .Trace("GetSystemInfoEx: Excues command SYSINFOEX ERROR")
+                .TraceForCode(kErrorNotSupported,
+                              "GetSystemInfoEx , don't support SYSINFOEX command", TL_INFO))) {
         return false;
     }
     NetSrvTrace(TL_INFO, "SRVGetSystemMode , support SYSINFOEX command and success");
 
     const int32_t iSrvStatus = NumberOf(rsp.SrvStatus);
     const int32_t iDomain = NumberOf(rsp.SrvDomain);
-    if (iDomain != m_Sysinfo.dwDomain) {
-        Command report = MakeReport(
-            INDEX_SYS_INFO,
-            {std::to_string(iSrvStatus), std::to_string(iDomain),
-             std::to_string(NumberOf(rsp.RoamStatus)), std::to_string(NumberOf(rsp.SysMode)),
-             std::to_string(NumberOf(rsp.SimState)), std::to_string(NumberOf(rsp.SubMode))});
-        NetSrvTrace(TL_INFO, "GetSystemInfoEx: AtCallBackEvent INDEX_SYS_INFO");
-        ReportAtCallBackEvent(report);
-    }
-    if (iSrvStatus != m_Sysinfo.dwSrvStatus) {
-        Command report = MakeReport(INDEX_SERV_IND, {std::to_string(iSrvStatus)});
-        NetSrvTrace(TL_INFO, "GetSystemInfoEx: AtCallBackEvent INDEX_SERV_IND");
-        ReportAtCallBackEvent(report);
-    }
-
-    NetSrvTrace(TL_INFO, "GetSystemInfoEx: Begin GetNumValue");
-    m_Sysinfo.dwSrvStatus = iSrvStatus;
-    m_Sysinfo.dwDomain = iDomain;
-    m_Sysinfo.dwRoam = NumberOf(rsp.RoamStatus);
-    m_Sysinfo.dwSimState = NumberOf(rsp.SimState);
+    TakeInReading("GetSystemInfoEx", iSrvStatus, iDomain, NumberOf(rsp.RoamStatus),
+                  NumberOf(rsp.SimState),
+                  {std::to_string(iSrvStatus), std::to_string(iDomain),
+                   std::to_string(NumberOf(rsp.RoamStatus)), std::to_string(NumberOf(rsp.SysMode)),
+                   std::to_string(NumberOf(rsp.SimState)), std::to_string(NumberOf(rsp.SubMode))});
     m_Sysinfo.dwLockState = NumberOf(rsp.SimLockState);
     m_Sysinfo.dwSysMode = NumberOf(rsp.SysMode);
     m_Sysinfo.dwSubMode = NumberOf(rsp.SubMode);
@@ -118,17 +118,10 @@ bool CNetSrvImpl::GetSystemInfo(SystemInfo& rSysInfo)
 {
     CISAPUGuard<JMutex> guard(m_LockSysInfo);
 
-    IProcessor* pProcessor = GetAtProcessor();
-    if (pProcessor == nullptr) {
-        NetSrvTrace(TL_ERRO, NETSRV_MSG_NO_PROCESSOR);
-        return false;
-    }
-
     SystemInfoCmd cmd;
     SystemInfoRsp rsp;
-    unsigned long dwError = 0;
-    if (!ExecuteWaitResponse(pProcessor, &cmd, &rsp, kCommandTimeoutMs, &dwError)) {
-        NetSrvTrace(TL_ERRO, "GetSystemInfo: Execute AT command error");
+    if (!ExecuteWithResponse(cmd, rsp,
+                             OnFailure().Trace("GetSystemInfo: Execute AT command error"))) {
         return false;
     }
 
@@ -136,27 +129,12 @@ bool CNetSrvImpl::GetSystemInfo(SystemInfo& rSysInfo)
     const int32_t iDomain = NumberOf(rsp.SrvDomain);
     const std::string strSysMode = rsp.SysMode.ToString();
     const std::string strSubMode = rsp.SubSysmode.ToString();
-    if (iDomain != m_Sysinfo.dwDomain) {
-        // The report carries the modem's own "^SYSINFO" numbers, as a real one would.
-        Command report = MakeReport(
-            INDEX_SYS_INFO,
-            {std::to_string(iSrvStatus), std::to_string(iDomain),
-             std::to_string(NumberOf(rsp.RoamStatus)), strSysMode,
-             std::to_string(NumberOf(rsp.SimState)), strSubMode});
-        NetSrvTrace(TL_INFO, "GetSystemInfo: AtCallBackEvent INDEX_SYS_INFO");
-        ReportAtCallBackEvent(report);
-    }
-    if (iSrvStatus != m_Sysinfo.dwSrvStatus) {
-        Command report = MakeReport(INDEX_SERV_IND, {std::to_string(iSrvStatus)});
-        NetSrvTrace(TL_INFO, "GetSystemInfo: AtCallBackEvent INDEX_SERV_IND");
-        ReportAtCallBackEvent(report);
-    }
-
-    NetSrvTrace(TL_INFO, "GetSystemInfo: Begin GetNumValue");
-    m_Sysinfo.dwSrvStatus = iSrvStatus;
-    m_Sysinfo.dwDomain = iDomain;
-    m_Sysinfo.dwRoam = NumberOf(rsp.RoamStatus);
-    m_Sysinfo.dwSimState = NumberOf(rsp.SimState);
+    // The report carries the modem's own "^SYSINFO" numbers, as a real one would.
+    TakeInReading("GetSystemInfo", iSrvStatus, iDomain, NumberOf(rsp.RoamStatus),
+                  NumberOf(rsp.SimState),
+                  {std::to_string(iSrvStatus), std::to_string(iDomain),
+                   std::to_string(NumberOf(rsp.RoamStatus)), strSysMode,
+                   std::to_string(NumberOf(rsp.SimState)), strSubMode});
     // "^SYSINFO" has no mode names; the lock state it carries is not trusted
     // (older modems leave the field out), so the last "^SYSINFOEX" value stays.
     std::memset(m_Sysinfo.szSysModeName, 0, sizeof(m_Sysinfo.szSysModeName));
@@ -187,19 +165,25 @@ bool CNetSrvImpl::SRVGetSystemInfoEx(SystemInfo& rSysInfo)
     return GetSystemInfo(rSysInfo);
 }
 
-bool CNetSrvImpl::SRVGetSrvStatus(SysSrvStatus* penSrvStatus, unsigned long* pdwStatus)
+template <typename Out>
+bool CNetSrvImpl::CopySystemInfoField(Out* pOut, int32_t SystemInfo::*pField,
+                                      unsigned long* pdwStatus, const char* pszFailure)
 {
-    if (!OutputsUsable(penSrvStatus, pdwStatus)) {
+    if (!OutputsUsable(pOut, pdwStatus)) {
         return false;
     }
     SystemInfo info;
     if (!SRVGetSystemInfoEx(info)) {
-        *pdwStatus = static_cast<unsigned long>(GetLastError());
-        NetSrvTrace(TL_ERRO, "SRVGetSrvStatus: get srvice status error");
-        return false;
+        return FailWithLastError(pdwStatus, pszFailure);
     }
-    *penSrvStatus = static_cast<SysSrvStatus>(info.dwSrvStatus);
+    *pOut = static_cast<Out>(info.*pField);
     return true;
+}
+
+bool CNetSrvImpl::SRVGetSrvStatus(SysSrvStatus* penSrvStatus, unsigned long* pdwStatus)
+{
+    return CopySystemInfoField(penSrvStatus, &SystemInfo::dwSrvStatus, pdwStatus,
+                               "SRVGetSrvStatus: get srvice status error");
 }
 
 bool CNetSrvImpl::SRVGetSystemMode(SystemMode* penSysMode, unsigned long* pdwStatus)
@@ -218,32 +202,16 @@ bool CNetSrvImpl::SRVGetSystemMode(SystemMode* penSysMode, unsigned long* pdwSta
 
 bool CNetSrvImpl::SRVGetRoamStatus(unsigned long* pdwRoam, unsigned long* pdwStatus)
 {
-    if (!OutputsUsable(pdwRoam, pdwStatus)) {
+    if (!CopySystemInfoField(pdwRoam, &SystemInfo::dwRoam, pdwStatus, "SRVGetRoamStatus error")) {
         return false;
     }
-    SystemInfo info;
-    if (!SRVGetSystemInfoEx(info)) {
-        *pdwStatus = static_cast<unsigned long>(GetLastError());
-        NetSrvTrace(TL_ERRO, "SRVGetRoamStatus error");
-        return false;
-    }
-    *pdwRoam = static_cast<unsigned long>(info.dwRoam);
     NetSrvTrace(TL_ERRO, "SRVGetRoamStatus success");
     return true;
 }
 
 bool CNetSrvImpl::SRVGetSrvDomain(unsigned long* pdwDomain, unsigned long* pdwStatus)
 {
-    if (!OutputsUsable(pdwDomain, pdwStatus)) {
-        return false;
-    }
-    SystemInfo info;
-    if (!SRVGetSystemInfoEx(info)) {
-        *pdwStatus = static_cast<unsigned long>(GetLastError());
-        return false;
-    }
-    *pdwDomain = static_cast<unsigned long>(info.dwDomain);
-    return true;
+    return CopySystemInfoField(pdwDomain, &SystemInfo::dwDomain, pdwStatus, nullptr);
 }
 
 bool CNetSrvImpl::SRVGetSysInfo(SysSrvStatus* penSrvStatus, SystemMode* penSysMode,
@@ -257,8 +225,7 @@ bool CNetSrvImpl::SRVGetSysInfo(SysSrvStatus* penSrvStatus, SystemMode* penSysMo
     // reading of this moment, not the cache.
     SystemInfo info;
     if (!GetSystemInfo(info)) {
-        *pdwStatus = static_cast<unsigned long>(GetLastError());
-        return false;
+        return FailWithLastError(pdwStatus);
     }
     *penSrvStatus = static_cast<SysSrvStatus>(info.dwSrvStatus);
     *penSysMode = static_cast<SystemMode>(info.dwSysMode);
@@ -271,19 +238,8 @@ bool CNetSrvImpl::SRVSetSrvStatus(SysSrvStatus enSrvStatus, unsigned long* pdwSt
     if (pdwStatus == nullptr) {
         return false;
     }
-    IProcessor* pProcessor = GetAtProcessor();
-    if (pProcessor == nullptr) {
-        NetSrvTrace(TL_ERRO, NETSRV_MSG_NO_PROCESSOR);
-        return false;
-    }
     // "AT^REGISTER=0" leaves the network; any other status asks to register.
     NetRegistControlCmd cmd;
     cmd.ControlVal = uint64{enSrvStatus == SYS_SRV_STATUS_NO_SRV ? 0u : 1u};
-    unsigned long dwError = 0;
-    if (!pProcessor->ExecuteCmdNoResponse(&cmd, &dwError, kCommandTimeoutMs)) {
-        m_dwLastError = dwError;
-        *pdwStatus = static_cast<unsigned long>(GetLastError());
-        return false;
-    }
-    return true;
+    return ExecuteNoResponse(cmd, OnFailure(pdwStatus));
 }

@@ -126,6 +126,34 @@ TEST(SignalMathTest, DbmAndDbToTheHcsqScale)
     }
 }
 
+TEST(SignalMathTest, BarsAndUnitsOfTheOtherRoads)
+{
+    // LTE: 20 per level; TD-SCDMA from "+CSQ" (offset already removed) by 100 / 91.
+    EXPECT_EQ(LteSignalPercent(50, 130), 80);
+    EXPECT_EQ(LteSignalPercent(60, 80), 20);
+    EXPECT_EQ(LteSignalPercent(97, 251), 100);
+    EXPECT_EQ(LteSignalPercent(255, 130), 0);
+    const IntRow td[] = {{0, 0}, {1, 1}, {50, 54}, {91, 100}, {98, 107}};
+    for (const IntRow& row : td) {
+        EXPECT_EQ(CsqTdRssiToPercent(row.iInput), row.iExpected) << row.iInput;
+    }
+    // "^HCSQ" values in dBm and dB; half-dB steps truncate toward zero.
+    struct UnitRow {
+        int (*convert)(int);
+        int iInput;
+        int iExpected;
+    } units[] = {
+        {HcsqRscpToDbm, 0, -121}, {HcsqRscpToDbm, 30, -91},  {HcsqEcioToDb, 50, -7},
+        {HcsqEcioToDb, 64, 0},    {HcsqEcioToDb, 0, -32},    {HcsqEcioToDb, 96, 15},
+        {HcsqRsrpToDbm, 19, -122}, {HcsqRsrpToDbm, 97, -44}, {HcsqRsrqToDb, 0, -20},
+        {HcsqRsrqToDb, 39, 0},    {HcsqRsrqToDb, 34, -3},    {HcsqRsrqToDb, 43, 1},
+        {HcsqRscpToDbm, INT_MIN, INT_MAX - 120},   // wraps at 32 bits, never traps
+    };
+    for (const UnitRow& row : units) {
+        EXPECT_EQ(row.convert(row.iInput), row.iExpected) << row.iInput;
+    }
+}
+
 TEST(SignalMathTest, ModemNumbersAreSigned32Bit)
 {
     struct Row {
