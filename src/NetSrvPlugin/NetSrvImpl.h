@@ -192,10 +192,13 @@ private:
     // ---- The road of every command to the modem ----------------------------
     //
     // The rule for an operation, new ones included:
-    //  1. OutputsUsable (NetSrvOutputs.h) checks the error word and the outputs;
-    //  2. the command object and its response live on the stack, parameters set;
-    //  3. one of the Execute helpers below runs it, and its OnFailure says where
-    //     a failure's code goes and what is traced;
+    //  1. OutputsUsable (NetSrvOutputs.h) checks the error word and the outputs
+    //     (a setting with only an error word checks that for null itself);
+    //  2. the command object and its response are built (on the stack, unless
+    //     the operation's contract says otherwise) and the parameters set;
+    //  3. one of the Execute helpers below runs it with the operation's time-out
+    //     (kCommandTimeoutMs unless the contract names another); its OnFailure
+    //     says where a failure's code goes and what is traced;
     //  4. the answer is copied out.
     // For example:
     //     GetAntennaLevelCmdEx cmd;
@@ -204,9 +207,18 @@ private:
     //         return false;
     //     }
     //     pstLevel->wLevel = static_cast<uint16_t>(rsp.level.GetNumValue());
+    // How an operation's contract reads, and its OnFailure:
+    //     service word, caller gets GetLastError()   OnFailure(pdwStatus)
+    //     caller's word, then GetLastError()          OnFailure(pdwStatus)
+    //     caller's word, nothing copied               OnFailure(pdwStatus).CallerWordOnly()
+    //     service word only, or no error word at all  OnFailure()
+    //     own text for a missing processor            .NoProcessorTrace("...")
+    //     acts on the code of the failure             OnFailure(&dwCode), a word of its own
     // An operation that derives its answer from another reading ends that
-    // reading's failure with FailWithLastError. Nothing else looks up the
-    // processor or calls it.
+    // reading's failure with FailWithLastError; one that must know whether a
+    // processor is there before it picks a fall-back asks HasAtProcessor.
+    // Only the Execute helpers run commands (the subscription of the reports
+    // in NetSrvCallbacks.cpp is the one other user of the processor).
 
     // Every command waits this long for the modem unless its operation says otherwise.
     static constexpr unsigned long kCommandTimeoutMs = 30000;
@@ -226,10 +238,13 @@ private:
     template <typename Call>
     bool Execute(const OnFailure& failure, Call call);
     // True when the container has an AT processor; traces its absence. For
-    // operations that must know before they choose between fall-backs.
+    // operations that must know before they choose between fall-backs. The
+    // processor is looked up again for each command (the host may replace it),
+    // so one that vanishes in between fails that command as missing.
     bool HasAtProcessor();
     // The getters of one field of the system information (cached up to 5 s):
-    // the field into *pOut, or FailWithLastError with pszFailure.
+    // the field into *pOut, or FailWithLastError with pszFailure. Defined
+    // beside them in NetSrvSysInfo.cpp, their only users.
     template <typename Out>
     bool CopySystemInfoField(Out* pOut, int32_t NETSRV_DATA::SystemInfo::*pField,
                              unsigned long* pdwStatus, const char* pszFailure);

@@ -2,6 +2,8 @@
 // what is traced. Every operation hands one to the service's Execute helpers
 // (NetSrvImpl.h), which look the processor up, run the command with an error
 // word of their own and settle a failure here. A plain value; no locking.
+// Build it in the call that uses it: the setters return a reference to the
+// object they change, and the texts must be string literals.
 #ifndef NETSRVPLUGIN_NETSRVONFAILURE_H
 #define NETSRVPLUGIN_NETSRVONFAILURE_H
 

@@ -130,17 +130,11 @@ bool CNetSrvImpl::SRVGetRowRSSI(NETSRV_DATA::RowRSSI* pstRssi, unsigned long* pd
     pstRssi->nRSSI = static_cast<int16_t>(ModemNumberToInt(rsp.RssiValue.GetNumValue()));
     pstRssi->nBer = static_cast<int16_t>(ModemNumberToInt(rsp.Ber.GetNumValue()));
 
-    // A TD-SCDMA modem answers "+CSQ" offset by 100 ("+CSQ: 150,99" for 50);
-    // 99 there means unknown, as anywhere else.
     NETSRV_DATA::SystemInfo stSysInfo;
     const int32_t iSysMode =
         SRVGetSystemInfoEx(stSysInfo) ? stSysInfo.dwSysMode : NETSRV_DATA::SYS_MODE_NOSERVICE_EX;
     if (iSysMode == NETSRV_DATA::SYS_MODE_TD_SCDMA_EX) {
-        if (pstRssi->nRSSI >= 100 && pstRssi->nRSSI <= 198) {
-            pstRssi->nRSSI = static_cast<int16_t>(pstRssi->nRSSI - 100);
-        } else {
-            pstRssi->nRSSI = 0;
-        }
+        pstRssi->nRSSI = static_cast<int16_t>(CsqTdRssiWithoutOffset(pstRssi->nRSSI));
     }
     return true;
 }

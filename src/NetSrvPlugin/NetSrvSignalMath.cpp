@@ -143,6 +143,14 @@ int LteSignalPercent(int irsrp, int idlsinr)
     return 20 * GetLteSignalStrength(irsrp, idlsinr);
 }
 
+int CsqTdRssiWithoutOffset(int iRssi)
+{
+    if (iRssi >= 100 && iRssi <= 198) {
+        return iRssi - 100;
+    }
+    return 0;
+}
+
 int CsqTdRssiToPercent(int iRssi)
 {
     return WrapToInt(static_cast<int64_t>(iRssi) * 100 / 91);

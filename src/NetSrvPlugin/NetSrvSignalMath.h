@@ -35,6 +35,11 @@ int GetLteSignalStrength(int irsrp, int idlsinr);
 // The LTE signal bar: 20 x the level above (0, 20, .. 100).
 int LteSignalPercent(int irsrp, int idlsinr);
 
+// A TD-SCDMA modem answers "+CSQ" offset by 100 ("+CSQ: 150,99" for 50):
+// 100..198 give 0..98; anything else (its unknown, 199, or a value without the
+// offset) gives 0.
+int CsqTdRssiWithoutOffset(int iRssi);
+
 // The TD-SCDMA bar when only "+CSQ" answers: its rssi, the offset of 100 that
 // such modems add already taken off (0..98), x 100 / 91. No test for 99: the
 // offset removal has turned an unknown value into 0 before this.

@@ -128,11 +128,20 @@ TEST(SignalMathTest, DbmAndDbToTheHcsqScale)
 
 TEST(SignalMathTest, BarsAndUnitsOfTheOtherRoads)
 {
-    // LTE: 20 per level; TD-SCDMA from "+CSQ" (offset already removed) by 100 / 91.
-    EXPECT_EQ(LteSignalPercent(50, 130), 80);
-    EXPECT_EQ(LteSignalPercent(60, 80), 20);
-    EXPECT_EQ(LteSignalPercent(97, 251), 100);
-    EXPECT_EQ(LteSignalPercent(255, 130), 0);
+    // LTE: 20 per level of RSRP and SINR.
+    const struct {
+        int iRsrp;
+        int iSinr;
+        int iPercent;
+    } lte[] = {{50, 130, 80}, {60, 80, 20}, {97, 251, 100}, {255, 130, 0}};
+    for (const auto& row : lte) {
+        EXPECT_EQ(LteSignalPercent(row.iRsrp, row.iSinr), row.iPercent) << row.iRsrp;
+    }
+    // TD-SCDMA "+CSQ": the offset of 100 comes off, then 100 / 91 per step.
+    const IntRow offset[] = {{150, 50}, {100, 0}, {198, 98}, {199, 0}, {99, 0}, {31, 0}, {-1, 0}};
+    for (const IntRow& row : offset) {
+        EXPECT_EQ(CsqTdRssiWithoutOffset(row.iInput), row.iExpected) << row.iInput;
+    }
     const IntRow td[] = {{0, 0}, {1, 1}, {50, 54}, {91, 100}, {98, 107}};
     for (const IntRow& row : td) {
         EXPECT_EQ(CsqTdRssiToPercent(row.iInput), row.iExpected) << row.iInput;
