@@ -182,6 +182,13 @@ private:
     void TakeInReading(const char* pszReader, int32_t iSrvStatus, int32_t iDomain, int32_t iRoam,
                        int32_t iSimState, const ParamList& vctSysInfoFields);
 
+    // The two HSPA switches, one command each; a failure's code is the
+    // service's last error.
+    bool GetHSDPAState(NETSRV_DATA::HSPA_STAT* penState);
+    bool GetHSUPAState(NETSRV_DATA::HSPA_STAT* penState);
+    bool SetHSDPAState(NETSRV_DATA::HSPA_STAT enState);
+    bool SetHSUPAState(NETSRV_DATA::HSPA_STAT enState);
+
     // The signal-bar percentage by radio; each falls back to older commands
     // when "^HCSQ" fails.
     bool GetCurrentLteSignalPer(int& iPer);
@@ -214,6 +221,8 @@ private:
     //     service word only, or no error word at all  OnFailure()
     //     own text for a missing processor            .NoProcessorTrace("...")
     //     acts on the code of the failure             OnFailure(&dwCode), a word of its own
+    // A getter of one command and a setter of one parameter are a line each
+    // through QueryOne and SetOne.
     // An operation that derives its answer from another reading ends that
     // reading's failure with FailWithLastError; one that must know whether a
     // processor is there before it picks a fall-back asks HasAtProcessor.
@@ -233,6 +242,32 @@ private:
                           unsigned long ulTimeoutMs = kCommandTimeoutMs);
     bool ExecuteNoResponse(ICommand& cmd, const OnFailure& failure,
                            unsigned long ulTimeoutMs = kCommandTimeoutMs);
+    // The single-command reading of the small getters: Cmd goes out, copy
+    // takes Rsp's answer, and pszSuccess (if any) is traced at iSuccessLevel.
+    template <typename Cmd, typename Rsp, typename Copy>
+    bool QueryOne(const OnFailure& failure, Copy copy, const char* pszSuccess = nullptr,
+                  int iSuccessLevel = TL_ERRO)
+    {
+        Cmd cmd;
+        Rsp rsp;
+        if (!ExecuteWithResponse(cmd, rsp, failure)) {
+            return false;
+        }
+        copy(rsp);
+        if (pszSuccess != nullptr) {
+            NetSrvTrace(iSuccessLevel, pszSuccess);
+        }
+        return true;
+    }
+    // The single-command setting of the small setters: Cmd's one parameter
+    // set to uValue and sent without a response.
+    template <typename Cmd, typename Param>
+    bool SetOne(Param Cmd::*pParam, uint64 uValue, const OnFailure& failure)
+    {
+        Cmd cmd;
+        cmd.*pParam = uValue;
+        return ExecuteNoResponse(cmd, failure);
+    }
     // The common part of the three: finds the processor, runs the call with a
     // fresh error word and settles a failure.
     template <typename Call>

@@ -239,7 +239,6 @@ bool CNetSrvImpl::SRVSetSrvStatus(SysSrvStatus enSrvStatus, unsigned long* pdwSt
         return false;
     }
     // "AT^REGISTER=0" leaves the network; any other status asks to register.
-    NetRegistControlCmd cmd;
-    cmd.ControlVal = uint64{enSrvStatus == SYS_SRV_STATUS_NO_SRV ? 0u : 1u};
-    return ExecuteNoResponse(cmd, OnFailure(pdwStatus));
+    return SetOne(&NetRegistControlCmd::ControlVal, enSrvStatus == SYS_SRV_STATUS_NO_SRV ? 0u : 1u,
+                  OnFailure(pdwStatus));
 }

@@ -145,3 +145,52 @@ TEST_F(ServiceOnProcessor, HcsqAnswersFillTheirRadio)
 }
 
 }  // namespace
+
+namespace {
+
+std::string RegText(const NETSRV_DATA::RegStateReport& r)
+{
+    return std::to_string(r.ReportMode) + "," + std::to_string(r.ReportState) + "," +
+           r.LacCode + "," + r.CellID;
+}
+
+TEST_F(ServiceOnProcessor, RegistrationAndPreferredModeAnswers)
+{
+    typedef bool (CNetSrvImpl::*RegRead)(NETSRV_DATA::RegStateReport*, unsigned long*);
+    const struct {
+        const char* line;
+        const char* id;
+        RegRead read;
+        const char* expected;   // mode,state,area,cell
+    } rows[] = {
+        {"AT+CREG?", "creg-1", &CNetSrvImpl::SRVGetCSRegState, "1,3,,"},
+        {"AT+CREG?", "creg-2", &CNetSrvImpl::SRVGetCSRegState, "2,1,CE00,01CEAD8F"},
+        {"AT+CREG?", "creg-3", &CNetSrvImpl::SRVGetCSRegState, "2,1,8BE3,2BAF"},
+        {"AT+CREG?", "creg-4", &CNetSrvImpl::SRVGetCSRegState, "2,1,18d8,ffff"},
+        {"AT+CREG?", "creg-6", &CNetSrvImpl::SRVGetCSRegState, "2,1,0 5,2715"},
+        {"AT+CGREG?", "cgreg-2", &CNetSrvImpl::SRVGetPSRegState, "2,10,ebbd,f025"},
+        {"AT+CGREG?", "cgreg-3", &CNetSrvImpl::SRVGetPSRegState, "2,1,0426,F00F"},
+        {"AT+CEREG?", "cereg-1", &CNetSrvImpl::SRVGetLTEPSRegState, "1,3,,"},
+        {"AT+CEREG?", "cereg-2", &CNetSrvImpl::SRVGetLTEPSRegState, "2,10,8d83,671f98a"},
+        // A stray field before the access technology does not shift area and cell.
+        {"AT+CEREG?", "cereg-3", &CNetSrvImpl::SRVGetLTEPSRegState, "2,1,1F00,20"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.id);
+        AnswerWith(row.line, row.id);
+        NETSRV_DATA::RegStateReport report;
+        unsigned long err = 0;
+        ASSERT_TRUE((service->*row.read)(&report, &err));
+        EXPECT_EQ(RegText(report), row.expected);
+    }
+    for (const auto& pref : {std::make_pair("prefmode-3", 2), std::make_pair("prefmode-4", 8)}) {
+        SCOPED_TRACE(pref.first);
+        AnswerWith("AT^PREFMODE?", pref.first);
+        NETSRV_DATA::CdmaPrefMode mode = NETSRV_DATA::CDMA_PREF_MODE_UNKNOW;
+        unsigned long err = 0;
+        ASSERT_TRUE(service->SRVGetCDMAPrefMod(&mode, &err));
+        EXPECT_EQ(mode, pref.second);
+    }
+}
+
+}  // namespace
