@@ -146,6 +146,27 @@ TEST(Netsrvctl, MonitorShowsTheModemsReportsWhenAskedForThem)
     EXPECT_EQ(Lines(events.out).size(), 4u) << events.out;
 }
 
+TEST(Netsrvctl, EndsAtOnceWhileTheServiceStillWaitsForTheModem)
+{
+    // Each "+CREG" report starts the service's domain check, whose ^SYSINFOEX
+    // this modem takes 20 s to answer; the check is still waiting when the
+    // monitor has its lines. The bound is a hang guard: the tool is expected
+    // to be gone well within it.
+    std::ifstream in(std::string(NETSRV_SOURCE_DIR) + "/tools/modemsim/profiles/lte.json");
+    nlohmann::json profile = nlohmann::json::parse(in);
+    profile["delays"]["commands"]["^SYSINFOEX"] = 20000;
+    profile["timeline"] = nlohmann::json::array({
+        {{"at_ms", 300}, {"repeat_ms", 300}, {"report", "+CREG"}},
+        {{"at_ms", 600}, {"repeat_ms", 400}, {"send", "^RSSI: 18"}},
+    });
+    testkit::TempDir dir;
+    const ToolResult r = RunTool(kTool, {"--simulate", dir.Write("slow.json", profile.dump()),
+                                         "monitor", "--count", "3", "--timeout", "30"});
+    ASSERT_EQ(r.exitStatus, 0) << r.err;
+    EXPECT_EQ(Lines(r.out).size(), 3u) << r.out;
+    EXPECT_LT(r.afterLastOutput.count(), 3000) << "ms from the last line to the end";
+}
+
 TEST(Netsrvctl, UsageErrors)
 {
     struct Row {

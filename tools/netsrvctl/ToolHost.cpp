@@ -107,10 +107,15 @@ ExitStatus ToolHost::Start(const HostOptions& options, std::string* pError)
 void ToolHost::Stop()
 {
     m_pNetSrv = nullptr;
-    m_container.UnloadPlugin();
+    // The port goes first: a report may just have started one of the
+    // service's own threads (the domain check that a "+CREG" starts), and the
+    // unload waits for those. Closed, the processor fails their commands at
+    // once with AT_ERROR_PORT_CLOSED instead of letting them wait out the
+    // modem's answer.
     if (m_pProcessor) {
         m_pProcessor->Close();
     }
+    m_container.UnloadPlugin();
     if (m_pSimulator) {
         m_pSimulator->Stop();
     }

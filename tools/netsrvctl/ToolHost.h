@@ -44,7 +44,8 @@ public:
 
     // Brings the host up; on failure returns the exit status and a one-line reason.
     ExitStatus Start(const HostOptions& options, std::string* pError);
-    // Unloads the plugin, closes the port and stops the simulator.
+    // Closes the port (failing the commands still pending), then unloads the
+    // plugin and stops the simulator.
     void Stop();
 
     INetSrv* NetSrv() { return m_pNetSrv; }
