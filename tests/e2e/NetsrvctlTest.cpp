@@ -171,23 +171,37 @@ TEST(Netsrvctl, UsageErrors)
 {
     struct Row {
         std::vector<std::string> args;
-        int status;
+        const char* mention;   // the message names what was wrong
     };
     const Row rows[] = {
-        {{}, 2},
-        {{"lasterr"}, 2},                                   // neither --device nor --simulate
-        {{"--simulate", "lte", "frobnicate"}, 2},           // no such command
-        {{"--simulate", "--baud", "1234", "lasterr"}, 2},   // no such line speed
-        {{"--device", "/dev/null", "--simulate", "lasterr"}, 2},
-        {{"--simulate", "--device-kind", "wimax", "lasterr"}, 2},
-        {{"--simulate", "monitor", "--count", "-1"}, 2},
-        {{"--simulate", "status", "signal"}, 2},            // one command at a time
-        {{"--simulate", "signal", "--raw"}, 2},             // a monitor option elsewhere
+        {{}, "--device"},
+        {{"lasterr"}, "--simulate"},                        // neither --device nor --simulate
+        {{"--simulate", "lte", "frobnicate"}, "frobnicate"},   // no such command
+        {{"--simulate", "--baud", "1234", "lasterr"}, "1234"},   // no such line speed
+        {{"--device", "/dev/null", "--simulate", "lasterr"}, "--simulate"},
+        {{"--simulate", "--device-kind", "wimax", "lasterr"}, "wimax"},
+        // A kind of last error is one byte; never sent to the modem wrapped round.
+        {{"--simulate", "lasterr", "-5"}, "from 0 to 255, not -5"},
+        {{"--simulate", "lasterr", "256"}, "from 0 to 255, not 256"},
+        {{"--simulate", "monitor", "--count", "-1"}, "0 or more, not -1"},
+        {{"--simulate", "monitor", "--count", "1.5"}, "not 1.5"},
+        {{"--simulate", "monitor", "--timeout", "nan"}, "0 or more, not nan"},
+        {{"--simulate", "monitor", "--timeout", "-0.5"}, "0 or more, not -0.5"},
+        {{"--simulate", "status", "signal"}, "signal"},     // one command at a time
+        {{"--simulate", "signal", "--raw"}, "--raw"},       // a monitor option elsewhere
     };
     for (const Row& row : rows) {
+        SCOPED_TRACE(::testing::PrintToString(row.args));
         const ToolResult r = RunTool(kTool, row.args);
-        EXPECT_EQ(r.exitStatus, row.status) << ::testing::PrintToString(row.args) << r.err;
-        EXPECT_FALSE(r.err.empty());
+        EXPECT_EQ(r.exitStatus, 2) << r.err;
+        ExpectOneLineError(r);
+        EXPECT_NE(r.err.find(row.mention), std::string::npos) << r.err;
+    }
+    // The ends of the range are kinds like any other.
+    for (const char* type : {"0", "255"}) {
+        const ToolResult r = RunTool(kTool, {"--simulate", "--json", "lasterr", type});
+        EXPECT_EQ(r.exitStatus, 0) << r.err;
+        EXPECT_EQ(nlohmann::json::parse(r.out, nullptr, false)["type"], std::stoi(type)) << r.out;
     }
 }
 
@@ -199,6 +213,12 @@ TEST(Netsrvctl, HelpOnEveryCommand)
         EXPECT_EQ(r.exitStatus, 0) << command;
         EXPECT_NE(r.out.find(command), std::string::npos) << r.out;
     }
+    // What 0 means for the monitor's limits is said where they are described.
+    const ToolResult monitor = RunTool(kTool, {"monitor", "--help"});
+    EXPECT_NE(monitor.out.find("N lines; 0 (the default): no limit"), std::string::npos)
+        << monitor.out;
+    EXPECT_NE(monitor.out.find("S seconds; 0 (the default): no limit"), std::string::npos)
+        << monitor.out;
 }
 
 // A failure is one line on standard error, with 3 for the modem and 2 for
