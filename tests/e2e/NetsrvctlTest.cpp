@@ -205,6 +205,35 @@ TEST(Netsrvctl, UsageErrors)
     }
 }
 
+// The word after --simulate is a profile or a command by what it names.
+TEST(Netsrvctl, SimulateTakesAProfileOnlyWhenOneIsNamed)
+{
+    const struct {
+        std::vector<std::string> args;
+        int status;
+        const char* out;   // in standard output, or with status 2 in standard error
+    } rows[] = {
+        {{"--simulate", "status"}, 0, "system mode:      6 - LTE\n"},
+        {{"--simulate", "cdma", "status"}, 0, "system mode:      2 - CDMA\n"},
+        {{"--simulate", "plugin-info", "--json"}, 0, "\"name\":\"NetSrvPlugin\""},
+        {{"--simulate", "frobnicate"}, 2,
+         "frobnicate is neither a command nor a built-in profile nor a file; the built-in "
+         "profiles are lte, wcdma, tdscdma, cdma\n"},
+        // A name ending in .json is a profile file, even one that is missing.
+        {{"--simulate", "missing.json", "status"}, 2, "missing.json"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(::testing::PrintToString(row.args));
+        const ToolResult r = RunTool(kTool, row.args);
+        EXPECT_EQ(r.exitStatus, row.status) << r.err;
+        EXPECT_NE((row.status == 0 ? r.out : r.err).find(row.out), std::string::npos)
+            << r.out << r.err;
+        if (row.status != 0) {
+            ExpectOneLineError(r);
+        }
+    }
+}
+
 TEST(Netsrvctl, HelpOnEveryCommand)
 {
     for (const char* command : {"status", "signal", "plugin-info", "lasterr", "address",

@@ -8,9 +8,11 @@
 #include <cstdlib>
 #include <iostream>
 #include <string>
+#include <vector>
 
 #include "Commands.h"
 #include "OptionChecks.h"
+#include "SimulateArgument.h"
 #include "SerialPort.h"
 #include "ToolHost.h"
 #include "TraceSrv.h"
@@ -94,8 +96,23 @@ int main(int argc, char** argv)
     pMonitor->add_flag("--raw", monitor.raw,
                        "also print the modem's reports as the service receives them");
 
+    std::vector<std::string> args(argv + 1, argv + argc);
+    std::vector<std::string> commands;
+    for (const CLI::App* pCommand : app.get_subcommands({})) {
+        commands.push_back(pCommand->get_name());
+    }
+    std::string simulateError;
+    if (!SettleSimulateProfile(&args, commands, &simulateError)) {
+        std::cerr << "netsrvctl: " << simulateError << "\n";
+        return EXIT_USAGE;
+    }
+    std::vector<char*> settledArgv = {argv[0]};
+    for (std::string& arg : args) {
+        settledArgv.push_back(&arg[0]);
+    }
+
     try {
-        app.parse(argc, argv);
+        app.parse(static_cast<int>(settledArgv.size()), settledArgv.data());
     } catch (const CLI::ParseError& e) {
         if (e.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
             return app.exit(e);   // --help
