@@ -85,8 +85,8 @@ TEST(Netsrvctl, AddressWithNoLink)
     // The simulator brings up no data link, so no address is found.
     const ToolResult r = RunTool(kTool, {"--simulate", "address"});
     EXPECT_EQ(r.exitStatus, 1);
-    EXPECT_NE(r.out.find("ipv4: (none)"), std::string::npos) << r.out;
-    EXPECT_NE(r.out.find("ipv6: (none)"), std::string::npos) << r.out;
+    EXPECT_NE(r.out.find("ipv4:             (none)\n"), std::string::npos) << r.out;
+    EXPECT_NE(r.out.find("ipv6:             (none)\n"), std::string::npos) << r.out;
     ExpectOneLineError(r);
 }
 

@@ -114,6 +114,60 @@ TEST(NetsrvctlViews, NoCommandIsStatusThenSignal)
     EXPECT_EQ(text.out, status.out + "\n" + signal.out);
 }
 
+// Keys in the documented order, every value one that was read; every text
+// view with its values in one column, also across status and signal.
+TEST(NetsrvctlViews, OneStyleInEveryView)
+{
+    const struct {
+        std::vector<std::string> args;
+        std::vector<std::string> keys;   // of the JSON object, in order
+    } jsonRows[] = {
+        {{"plugin-info"}, {"name", "clsid", "version", "type", "allow_release"}},
+        {{"lasterr", "1"}, {"type", "code"}},
+        {{"status"},
+         {"service_status", "service_status_name", "system_mode", "system_mode_name", "sub_mode",
+          "sub_mode_name", "roaming", "roaming_name", "domain", "domain_name", "sim_state",
+          "sim_state_name", "lock_state", "lock_state_name", "modem_mode_name",
+          "modem_sub_mode_name"}},
+        {{}, {"status", "signal"}},
+    };
+    for (const auto& row : jsonRows) {
+        std::vector<std::string> args = {"--simulate", "--json"};
+        args.insert(args.end(), row.args.begin(), row.args.end());
+        const ToolResult r = RunTool(kTool, args);
+        EXPECT_EQ(r.exitStatus, 0) << r.err;
+        const nlohmann::ordered_json object = nlohmann::ordered_json::parse(r.out, nullptr, false);
+        std::vector<std::string> keys;
+        for (const auto& item : object.items()) {
+            keys.push_back(item.key());
+        }
+        EXPECT_EQ(keys, row.keys) << r.out;
+    }
+    // No data link here (or one of the machine's own): whatever is not found
+    // is left out rather than null.
+    const ToolResult address = RunTool(kTool, {"--simulate", "--json", "address"});
+    const json addresses = json::parse(address.out, nullptr, false);
+    ASSERT_TRUE(addresses.is_object()) << address.out;
+    for (const auto& item : addresses.items()) {
+        EXPECT_TRUE(item.value().is_string()) << address.out;
+    }
+
+    for (const std::vector<std::string>& args :
+         {std::vector<std::string>{}, {"plugin-info"}, {"lasterr"}, {"address"}}) {
+        std::vector<std::string> all = {"--simulate"};
+        all.insert(all.end(), args.begin(), args.end());
+        const ToolResult r = RunTool(kTool, all);
+        std::set<size_t> columns;
+        for (const std::string& line : Lines(r.out)) {
+            const size_t colon = line.find(": ");
+            if (colon != std::string::npos) {
+                columns.insert(line.find_first_not_of(' ', colon + 1));
+            }
+        }
+        EXPECT_EQ(columns.size(), 1u) << ::testing::PrintToString(args) << "\n" << r.out;
+    }
+}
+
 // A profile of our own: the LTE modem with other commands missing, answers
 // delayed or a timeline.
 std::string LteVariant(const testkit::TempDir& dir, const std::string& name, const json& patch)
@@ -181,8 +235,8 @@ TEST(NetsrvctlViews, FailuresKeepTheExitStatuses)
     // In text too, what could be read is shown.
     const ToolResult text = RunTool(kTool, {"--simulate", noPercentProfile, "signal"});
     EXPECT_EQ(text.exitStatus, 1);
-    EXPECT_NE(text.out.find("signal:        not reported\n"), std::string::npos) << text.out;
-    EXPECT_NE(text.out.find("antenna level: 4\n"), std::string::npos) << text.out;
+    EXPECT_NE(text.out.find("signal:           not reported\n"), std::string::npos) << text.out;
+    EXPECT_NE(text.out.find("antenna level:    4\n"), std::string::npos) << text.out;
 }
 
 // The lines of a --json monitor run: events, and with --raw the reports.

@@ -274,30 +274,30 @@ TEST(NetsrvctlSignalView, OnlyTheReadingsTheModemGave)
         {"LTE", LteReadings(),
          R"J({"signal_percent":20,"rssi":22,"ber":99,"rsrp":-122,"rsrq":-20,"sinr":-3,)J"
          R"J("pci":301,"antennas":1,"antenna_level":4})J",
-         "signal:        [##--------] 20%\n"
-         "rssi:          22\n"
-         "ber:           99 (not known)\n"
-         "RSCP:          not reported\n"
-         "Ec/Io:         not reported\n"
-         "RSRP:          -122 dBm\n"
-         "RSRQ:          -20 dB\n"
-         "SINR:          -3 dB\n"
-         "LTE cell:      PCI 301, 1 antenna\n"
-         "antenna level: 4\n"
-         "EV-DO signal:  not reported\n"},
+         "signal:           [##--------] 20%\n"
+         "rssi:             22\n"
+         "ber:              99 (not known)\n"
+         "RSCP:             not reported\n"
+         "Ec/Io:            not reported\n"
+         "RSRP:             -122 dBm\n"
+         "RSRQ:             -20 dB\n"
+         "SINR:             -3 dB\n"
+         "LTE cell:         PCI 301, 1 antenna\n"
+         "antenna level:    4\n"
+         "EV-DO signal:     not reported\n"},
         {"WCDMA", wcdma,
          R"J({"signal_percent":51,"rssi":99,"ber":3,"rscp":-91,"ecio":-7})J",
-         "signal:        [#####-----] 51%\n"
-         "rssi:          99 (not known)\n"
-         "ber:           3\n"
-         "RSCP:          -91 dBm\n"
-         "Ec/Io:         -7 dB\n"
-         "RSRP:          not reported\n"
-         "RSRQ:          not reported\n"
-         "SINR:          not reported\n"
-         "LTE cell:      not reported\n"
-         "antenna level: not reported\n"
-         "EV-DO signal:  not reported\n"},
+         "signal:           [#####-----] 51%\n"
+         "rssi:             99 (not known)\n"
+         "ber:              3\n"
+         "RSCP:             -91 dBm\n"
+         "Ec/Io:            -7 dB\n"
+         "RSRP:             not reported\n"
+         "RSRQ:             not reported\n"
+         "SINR:             not reported\n"
+         "LTE cell:         not reported\n"
+         "antenna level:    not reported\n"
+         "EV-DO signal:     not reported\n"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.what);
@@ -308,7 +308,7 @@ TEST(NetsrvctlSignalView, OnlyTheReadingsTheModemGave)
     // Nothing but the EV-DO reading: every other line says so.
     EXPECT_EQ(SignalJson(evdoOnly).dump(), R"J({"evdo_percent":60})J");
     std::string text = SignalText(evdoOnly);
-    const std::string evdoLine = "EV-DO signal:  [######----] 60%\n";
+    const std::string evdoLine = "EV-DO signal:     [######----] 60%\n";
     ASSERT_GE(text.size(), evdoLine.size());
     EXPECT_EQ(text.substr(text.size() - evdoLine.size()), evdoLine);
     text.resize(text.size() - evdoLine.size());

@@ -9,6 +9,7 @@
 #include "OutputText.h"
 #include "SignalView.h"
 #include "StatusView.h"
+#include "TextColumns.h"
 
 namespace netsrvctl {
 
@@ -132,21 +133,21 @@ ExitStatus RunPluginInfo(ToolHost& host, const OutputOptions& out, std::ostream&
     const unsigned long version = pPlugin->GetVersion();
     const char* type = pPlugin->GetPluginType() == IBasePlugin::OPERATION ? "OPERATION" : "UI";
     if (out.json) {
-        os << nlohmann::json{{"clsid", pPlugin->GetCLSID()},
-                             {"name", pPlugin->GetPluginName()},
-                             {"version", version},
-                             {"type", type},
-                             {"allow_release", pPlugin->IsAllowRelease()}}
-                  .dump()
+        os << JsonLine(nlohmann::ordered_json{{"name", pPlugin->GetPluginName()},
+                                              {"clsid", pPlugin->GetCLSID()},
+                                              {"version", version},
+                                              {"type", type},
+                                              {"allow_release", pPlugin->IsAllowRelease()}})
            << "\n";
         return EXIT_OK;
     }
-    os << "name:          " << pPlugin->GetPluginName() << "\n"
-       << "clsid:         " << pPlugin->GetCLSID() << "\n"
-       << "version:       " << (version >> 8) << "." << (version & 0xFF) << " (" << version
-       << ")\n"
-       << "type:          " << type << "\n"
-       << "allow release: " << (pPlugin->IsAllowRelease() ? "yes" : "no") << "\n";
+    os << LabelledLine("name", pPlugin->GetPluginName())
+       << LabelledLine("clsid", pPlugin->GetCLSID())
+       << LabelledLine("version", std::to_string(version >> 8) + "." +
+                                      std::to_string(version & 0xFF) + " (" +
+                                      std::to_string(version) + ")")
+       << LabelledLine("type", type)
+       << LabelledLine("allow release", pPlugin->IsAllowRelease() ? "yes" : "no");
     return EXIT_OK;
 }
 
@@ -160,9 +161,11 @@ ExitStatus RunLastErr(ToolHost& host, unsigned long dwType, const OutputOptions&
         return ReportFailure("lasterr", dwError, out, os, err);
     }
     if (out.json) {
-        os << nlohmann::json{{"type", lastErr.type}, {"code", lastErr.code}}.dump() << "\n";
+        os << JsonLine(nlohmann::ordered_json{{"type", lastErr.type}, {"code", lastErr.code}})
+           << "\n";
     } else {
-        os << "type: " << lastErr.type << "\ncode: " << lastErr.code << "\n";
+        os << LabelledLine("type", std::to_string(lastErr.type))
+           << LabelledLine("code", std::to_string(lastErr.code));
     }
     return EXIT_OK;
 }
@@ -181,29 +184,23 @@ ExitStatus RunAddress(ToolHost& host, const OutputOptions& out, std::ostream& os
         {"ipv6", &INetSrv::SRVGetDynamicIP6},
     };
 
-    nlohmann::json result = nlohmann::json::object();
-    int found = 0;
+    // An address that was not found is left out of the JSON object.
+    nlohmann::ordered_json json = nlohmann::ordered_json::object();
+    std::string text;
     for (const Query& q : queries) {
         char buffer[256] = {};
         // The reserved argument must be given; the service puts the current
         // link's name in its place.
         if ((host.NetSrv()->*q.query)("", "", buffer, sizeof(buffer) - 1)) {
-            result[q.label] = buffer;
-            ++found;
+            const std::string address = FieldText(buffer, sizeof(buffer));
+            json[q.label] = address;
+            text += LabelledLine(q.label, address);
         } else {
-            result[q.label] = nullptr;
+            text += LabelledLine(q.label, "(none)");
         }
     }
-    if (out.json) {
-        os << result.dump() << "\n";
-    } else {
-        for (const Query& q : queries) {
-            const nlohmann::json& value = result[q.label];
-            os << q.label << ": " << (value.is_null() ? "(none)" : value.get<std::string>())
-               << "\n";
-        }
-    }
-    if (found == 0) {
+    os << (out.json ? JsonLine(json) + "\n" : text);
+    if (json.empty()) {
         err << "netsrvctl: address: no address: no data link is connected\n";
         return EXIT_FAILED;
     }

@@ -2,21 +2,15 @@
 
 #include <algorithm>
 
+#include "TextColumns.h"
+
 namespace netsrvctl {
 
 namespace {
 const char* const kNotReported = "not reported";
 // "+CSQ" gives 99 for an rssi or a bit error rate that it does not know.
 const int kCsqUnknown = 99;
-const size_t kLabelWidth = 15;   // "antenna level: "
 const int kBarCells = 10;
-
-std::string Line(const std::string& label, const std::string& value)
-{
-    std::string line = label + ":";
-    line.append(line.size() < kLabelWidth ? kLabelWidth - line.size() : 1, ' ');
-    return line + value + "\n";
-}
 
 template <typename T, typename F>
 std::string Shown(const std::optional<T>& reading, F format)
@@ -80,26 +74,29 @@ std::string SignalText(const SignalReadings& r)
     using NETSRV_DATA::RowRSSI;
     using NETSRV_DATA::Signal;
     std::string text;
-    text += Line("signal", Shown(r.percent, SignalBar));
-    text += Line("rssi", Shown(r.csq, [](const RowRSSI& v) { return CsqValue(v.nRSSI); }));
-    text += Line("ber", Shown(r.csq, [](const RowRSSI& v) { return CsqValue(v.nBer); }));
-    text += Line("RSCP",
-                 Shown(r.quality, [](const Signal& v) { return WithUnit(v.nRSCP, "dBm"); }));
-    text += Line("Ec/Io",
-                 Shown(r.quality, [](const Signal& v) { return WithUnit(v.nECIO, "dB"); }));
-    text += Line("RSRP",
-                 Shown(r.lte, [](const LteSignal& v) { return WithUnit(v.nRSRP, "dBm"); }));
-    text += Line("RSRQ",
-                 Shown(r.lte, [](const LteSignal& v) { return WithUnit(v.nRSRQ, "dB"); }));
-    text += Line("SINR",
-                 Shown(r.lteCell, [](const LteScInfo& v) { return WithUnit(v.dlsinr, "dB"); }));
-    text += Line("LTE cell", Shown(r.lteCell, [](const LteScInfo& v) {
-                     return "PCI " + std::to_string(v.pci) + ", " + std::to_string(v.numant) +
-                            (v.numant == 1 ? " antenna" : " antennas");
-                 }));
-    text += Line("antenna level",
-                 Shown(r.antennaLevel, [](int level) { return std::to_string(level); }));
-    text += Line("EV-DO signal", Shown(r.evdoPercent, SignalBar));
+    text += LabelledLine("signal", Shown(r.percent, SignalBar));
+    text += LabelledLine("rssi",
+                         Shown(r.csq, [](const RowRSSI& v) { return CsqValue(v.nRSSI); }));
+    text += LabelledLine("ber", Shown(r.csq, [](const RowRSSI& v) { return CsqValue(v.nBer); }));
+    text += LabelledLine(
+        "RSCP", Shown(r.quality, [](const Signal& v) { return WithUnit(v.nRSCP, "dBm"); }));
+    text += LabelledLine(
+        "Ec/Io", Shown(r.quality, [](const Signal& v) { return WithUnit(v.nECIO, "dB"); }));
+    text += LabelledLine(
+        "RSRP", Shown(r.lte, [](const LteSignal& v) { return WithUnit(v.nRSRP, "dBm"); }));
+    text += LabelledLine(
+        "RSRQ", Shown(r.lte, [](const LteSignal& v) { return WithUnit(v.nRSRQ, "dB"); }));
+    text += LabelledLine(
+        "SINR", Shown(r.lteCell, [](const LteScInfo& v) { return WithUnit(v.dlsinr, "dB"); }));
+    text += LabelledLine("LTE cell", Shown(r.lteCell, [](const LteScInfo& v) {
+                             return "PCI " + std::to_string(v.pci) + ", " +
+                                    std::to_string(v.numant) +
+                                    (v.numant == 1 ? " antenna" : " antennas");
+                         }));
+    text += LabelledLine("antenna level", Shown(r.antennaLevel, [](int level) {
+                             return std::to_string(level);
+                         }));
+    text += LabelledLine("EV-DO signal", Shown(r.evdoPercent, SignalBar));
     return text;
 }
 
