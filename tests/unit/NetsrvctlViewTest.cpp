@@ -231,10 +231,7 @@ SignalReadings LteReadings()
 {
     SignalReadings r;
     r.percent = 20;
-    NETSRV_DATA::RowRSSI csq;
-    csq.nRSSI = 22;
-    csq.nBer = 99;
-    r.csq = csq;
+    r.csq = netsrvctl::CsqStep{22, 99};
     LteSignal lte;
     lte.nRSRP = -122;
     lte.nRSRQ = -20;
@@ -256,10 +253,7 @@ TEST(NetsrvctlSignalView, OnlyTheReadingsTheModemGave)
     quality.nRSCP = -91;
     quality.nECIO = -7;
     wcdma.quality = quality;
-    NETSRV_DATA::RowRSSI csq;
-    csq.nRSSI = 99;
-    csq.nBer = 3;
-    wcdma.csq = csq;
+    wcdma.csq = netsrvctl::CsqStep{99, 3};
 
     SignalReadings evdoOnly;
     evdoOnly.evdoPercent = 60;
@@ -272,10 +266,10 @@ TEST(NetsrvctlSignalView, OnlyTheReadingsTheModemGave)
     };
     const Row rows[] = {
         {"LTE", LteReadings(),
-         R"J({"signal_percent":20,"rssi":22,"ber":99,"rsrp":-122,"rsrq":-20,"sinr":-3,)J"
+         R"J({"signal_percent":20,"rssi":22,"rssi_dbm":-69,"rsrp":-122,"rsrq":-20,"sinr":-3,)J"
          R"J("pci":301,"antennas":1,"antenna_level":4})J",
          "signal:           [##--------] 20%\n"
-         "rssi:             22\n"
+         "rssi:             22 (-69 dBm)\n"
          "ber:              99 (not known)\n"
          "RSCP:             not reported\n"
          "Ec/Io:            not reported\n"

@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "AtCodec/IProcessor.h"
 #include "ErrorText.h"
@@ -14,6 +15,9 @@
 namespace netsrvctl {
 
 namespace {
+// As long as the service gives its own signal queries.
+const unsigned long kCsqTimeoutMs = 30000;
+
 // A query's result before it is printed, so that the command without a name
 // can put two of them together.
 struct Outcome {
@@ -95,6 +99,18 @@ std::optional<Record> ReadOne(INetSrv* pNetSrv, bool (INetSrv::*query)(Record*, 
     return bRead ? std::optional<Record>(record) : std::nullopt;
 }
 
+// "+CSQ" is read here rather than through the service: see CsqStep.h.
+std::optional<CsqStep> ReadCsq(ToolHost& host)
+{
+    std::vector<std::string> lines;
+    unsigned long dwError = 0;
+    if (!host.Processor()->ExecuteText("AT+CSQ", "+CSQ", &lines, &dwError, kCsqTimeoutMs) ||
+        lines.empty()) {
+        return std::nullopt;
+    }
+    return ParseCsqAnswer(lines.front());
+}
+
 Outcome ReadSignal(ToolHost& host)
 {
     INetSrv* pNetSrv = host.NetSrv();
@@ -105,7 +121,7 @@ Outcome ReadSignal(ToolHost& host)
     }
     // Every other query would wait out its own time-out on a silent modem.
     if (readings.percent || StatusOfErrorWord(dwPercentError) != EXIT_NO_MODEM) {
-        readings.csq = ReadOne(pNetSrv, &INetSrv::SRVGetRowRSSI);
+        readings.csq = ReadCsq(host);
         readings.quality = ReadOne(pNetSrv, &INetSrv::SRVGetSignalQuality);
         readings.lte = ReadOne(pNetSrv, &INetSrv::SRVGetLteSignalQuality);
         readings.lteCell = ReadOne(pNetSrv, &INetSrv::SRVGetLteScInfo);

@@ -23,6 +23,12 @@ std::string CsqValue(int value)
     return std::to_string(value) + (value == kCsqUnknown ? " (not known)" : "");
 }
 
+std::string RssiValue(int step)
+{
+    const std::optional<int> dbm = RssiDbm(step);
+    return dbm ? std::to_string(step) + " (" + std::to_string(*dbm) + " dBm)" : CsqValue(step);
+}
+
 std::string WithUnit(int value, const char* pszUnit)
 {
     return std::to_string(value) + " " + pszUnit;
@@ -44,8 +50,13 @@ nlohmann::ordered_json SignalJson(const SignalReadings& r)
         json["signal_percent"] = *r.percent;
     }
     if (r.csq) {
-        json["rssi"] = r.csq->nRSSI;
-        json["ber"] = r.csq->nBer;
+        json["rssi"] = r.csq->rssi;
+        if (const std::optional<int> dbm = RssiDbm(r.csq->rssi)) {
+            json["rssi_dbm"] = *dbm;
+        }
+        if (r.csq->ber != kCsqUnknown) {
+            json["ber"] = r.csq->ber;
+        }
     }
     if (r.quality) {
         json["rscp"] = r.quality->nRSCP;
@@ -71,13 +82,11 @@ nlohmann::ordered_json SignalJson(const SignalReadings& r)
 
 std::string SignalText(const SignalReadings& r)
 {
-    using NETSRV_DATA::RowRSSI;
     using NETSRV_DATA::Signal;
     std::string text;
     text += LabelledLine("signal", Shown(r.percent, SignalBar));
-    text += LabelledLine("rssi",
-                         Shown(r.csq, [](const RowRSSI& v) { return CsqValue(v.nRSSI); }));
-    text += LabelledLine("ber", Shown(r.csq, [](const RowRSSI& v) { return CsqValue(v.nBer); }));
+    text += LabelledLine("rssi", Shown(r.csq, [](const CsqStep& v) { return RssiValue(v.rssi); }));
+    text += LabelledLine("ber", Shown(r.csq, [](const CsqStep& v) { return CsqValue(v.ber); }));
     text += LabelledLine(
         "RSCP", Shown(r.quality, [](const Signal& v) { return WithUnit(v.nRSCP, "dBm"); }));
     text += LabelledLine(
