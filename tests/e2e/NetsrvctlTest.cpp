@@ -3,14 +3,17 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <nlohmann/json.hpp>
+#include <regex>
 #include <string>
 
 #include "AtProcessor.h"
 #include "ModemSimulator.h"
 #include "RunTool.h"
+#include "ScopedEnv.h"
 #include "TempDir.h"
 
 namespace {
@@ -144,6 +147,60 @@ TEST(Netsrvctl, MonitorShowsTheModemsReportsWhenAskedForThem)
     ASSERT_EQ(events.exitStatus, 0) << events.err;
     EXPECT_EQ(events.out.find("report"), std::string::npos) << events.out;
     EXPECT_EQ(Lines(events.out).size(), 4u) << events.out;
+}
+
+// The port vanishes and comes back while the monitor runs: both are lines of
+// their own when they happen, and the monitor goes on. Every line starts with
+// the local time (the test's zone is half an hour off a whole hour, so that
+// the offset's minutes show).
+TEST(Netsrvctl, MonitorSaysWhenTheModemGoesAndComesBack)
+{
+    testkit::TempDir dir;
+    const std::string profile =
+        dir.Write("vanish.json",
+                  LteProfileWithTimeline(nlohmann::json::array({
+                      {{"at_ms", 300}, {"repeat_ms", 400}, {"send", "^RSSI: 18"}},
+                      {{"at_ms", 2000}, {"fault", "vanish"}},
+                      {{"at_ms", 3000}, {"fault", "restore"}},
+                  })));
+    testkit::ScopedEnv zone("TZ", "IST-5:30");
+    const std::regex jsonTime(R"(\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\.\d{3}\+05:30)");
+    const std::regex textTime(R"(\d\d:\d\d:\d\d .*)");
+    for (const bool bJson : {true, false}) {
+        SCOPED_TRACE(bJson ? "json" : "text");
+        std::vector<std::string> args = {"--simulate", profile, "monitor", "--timeout", "5"};
+        if (bJson) {
+            args.insert(args.begin(), "--json");
+        }
+        const ToolResult r = RunTool(kTool, args);
+        EXPECT_EQ(r.exitStatus, 0) << r.err;
+        // What each line says, without its time.
+        std::vector<std::string> said;
+        for (const std::string& line : Lines(r.out)) {
+            if (!bJson) {
+                EXPECT_TRUE(std::regex_match(line, textTime)) << line;
+                said.push_back(line.substr(line.find(' ') + 1));
+                continue;
+            }
+            const auto entry = nlohmann::ordered_json::parse(line, nullptr, false);
+            ASSERT_TRUE(entry.is_object()) << line;
+            EXPECT_EQ(entry.begin().key(), "time") << line;
+            EXPECT_TRUE(std::regex_match(entry.value("time", ""), jsonTime)) << line;
+            EXPECT_FALSE(entry.contains("id")) << line;
+            const std::string event = entry.value("event", "");
+            EXPECT_EQ(event == "signal", entry.value("event_id", 0) == 1) << line;
+            said.push_back(event);
+        }
+        const std::string removed = bJson ? "device_removed" : "device removed";
+        const std::string back = bJson ? "device_back" : "device back";
+        const std::string signal = bJson ? "signal" : "signal 58%";
+        const auto gone = std::find(said.begin(), said.end(), removed);
+        const auto returned = std::find(gone, said.end(), back);
+        EXPECT_NE(std::find(said.begin(), gone, signal), gone) << r.out;
+        ASSERT_NE(returned, said.end()) << r.out;
+        EXPECT_EQ(std::count(said.begin(), said.end(), removed), 1) << r.out;
+        EXPECT_NE(std::find(returned, said.end(), signal), said.end()) << r.out;
+    }
 }
 
 TEST(Netsrvctl, EndsAtOnceWhileTheServiceStillWaitsForTheModem)

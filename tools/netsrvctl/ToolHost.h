@@ -51,6 +51,9 @@ public:
     INetSrv* NetSrv() { return m_pNetSrv; }
     IBasePlugin* Plugin() { return m_container.Plugin(); }
     host::CAtProcessor* Processor() { return m_pProcessor.get(); }
+    // Tells its receivers when the modem's port goes (EVENT_DEVICE_REJECT) and
+    // when it is open again (EVENT_DEVICE_INSERT, also once after Start).
+    host::CDeviceManager& DeviceManager() { return m_deviceManager; }
     modemsim::Simulator* Simulator() { return m_pSimulator.get(); }
     // The device kind the device service reports (a DevDataDef::PRODUCT_TYPE).
     int DeviceKind() { return m_deviceService.GetProductType(); }
