@@ -63,6 +63,7 @@ private:
                               std::string* pError);
 
     std::unique_ptr<modemsim::Simulator> m_pSimulator;
+    std::string m_simulatorDir;   // holds the link to the simulated modem's port
     std::unique_ptr<host::CAtProcessor> m_pProcessor;
     host::CDeviceManager m_deviceManager;
     host::CDeviceService m_deviceService;
