@@ -158,11 +158,6 @@ TEST(NetsrvctlViews, OneStyleInEveryView)
     } jsonRows[] = {
         {{"plugin-info"}, {"name", "clsid", "version", "type", "allow_release"}},
         {{"lasterr", "1"}, {"type", "code"}},
-        {{"status"},
-         {"service_status", "service_status_name", "system_mode", "system_mode_name", "sub_mode",
-          "sub_mode_name", "roaming", "roaming_name", "domain", "domain_name", "sim_state",
-          "sim_state_name", "lock_state", "lock_state_name", "modem_mode_name",
-          "modem_sub_mode_name"}},
         {{}, {"status", "signal"}},
     };
     for (const auto& row : jsonRows) {

@@ -148,6 +148,10 @@ ExitStatus RunMonitor(ToolHost& host, const MonitorOptions& monitor, const Outpu
     INetSrv* pNetSrv = host.NetSrv();
     pNetSrv->SRVRegisterCallback(static_cast<IUniCommEvent*>(&clients));
     host.DeviceManager().RegisterDeviceCallback(&clients);
+    // Gone already while the tool was starting: said at once, like a loss later.
+    if (!host.Processor()->IsOpen()) {
+        clients.OnDeviceMgrEvent(IDeviceMgrEvent::EVENT_DEVICE_REJECT, nullptr);
+    }
 
     bool bSubscribed = true;
     if (monitor.raw) {

@@ -12,8 +12,8 @@
 
 #include "Commands.h"
 #include "OptionChecks.h"
-#include "SimulateArgument.h"
 #include "SerialPort.h"
+#include "SimulateArgument.h"
 #include "ToolHost.h"
 #include "TraceSrv.h"
 
@@ -96,7 +96,7 @@ int main(int argc, char** argv)
     pMonitor->add_flag("--raw", monitor.raw,
                        "also print the modem's reports as the service receives them");
 
-    std::vector<std::string> args(argv + 1, argv + argc);
+    std::vector<std::string> args(argc > 0 ? argv + 1 : argv, argv + argc);
     std::vector<std::string> commands;
     for (const CLI::App* pCommand : app.get_subcommands({})) {
         commands.push_back(pCommand->get_name());
@@ -106,7 +106,8 @@ int main(int argc, char** argv)
         std::cerr << "netsrvctl: " << simulateError << "\n";
         return EXIT_USAGE;
     }
-    std::vector<char*> settledArgv = {argv[0]};
+    char programName[] = "netsrvctl";
+    std::vector<char*> settledArgv = {argc > 0 ? argv[0] : programName};
     for (std::string& arg : args) {
         settledArgv.push_back(&arg[0]);
     }
