@@ -52,7 +52,9 @@ public:
     bool Open(std::string* pError);
     // Fails the running and waiting commands with AT_ERROR_PORT_CLOSED, stops
     // the threads (reports not yet delivered are dropped) and closes the port.
-    // Open() may be called again afterwards.
+    // Commands issued afterwards fail at once with AT_ERROR_PORT_CLOSED, so a
+    // host may close the line before it unloads the clients whose threads
+    // still run commands. Open() may be called again afterwards.
     void Close();
     // True while the port is open (false between a vanish and the reopen).
     bool IsOpen() const;

@@ -3,14 +3,17 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <nlohmann/json.hpp>
+#include <regex>
 #include <string>
 
 #include "AtProcessor.h"
 #include "ModemSimulator.h"
 #include "RunTool.h"
+#include "ScopedEnv.h"
 #include "TempDir.h"
 
 namespace {
@@ -85,8 +88,8 @@ TEST(Netsrvctl, AddressWithNoLink)
     // The simulator brings up no data link, so no address is found.
     const ToolResult r = RunTool(kTool, {"--simulate", "address"});
     EXPECT_EQ(r.exitStatus, 1);
-    EXPECT_NE(r.out.find("ipv4: (none)"), std::string::npos) << r.out;
-    EXPECT_NE(r.out.find("ipv6: (none)"), std::string::npos) << r.out;
+    EXPECT_NE(r.out.find("ipv4:             (none)\n"), std::string::npos) << r.out;
+    EXPECT_NE(r.out.find("ipv6:             (none)\n"), std::string::npos) << r.out;
     ExpectOneLineError(r);
 }
 
@@ -146,27 +149,145 @@ TEST(Netsrvctl, MonitorShowsTheModemsReportsWhenAskedForThem)
     EXPECT_EQ(Lines(events.out).size(), 4u) << events.out;
 }
 
+// The port vanishes and comes back while the monitor runs: both are lines of
+// their own when they happen, and the monitor goes on. Every line starts with
+// the local time (the test's zone is half an hour off a whole hour, so that
+// the offset's minutes show).
+TEST(Netsrvctl, MonitorSaysWhenTheModemGoesAndComesBack)
+{
+    testkit::TempDir dir;
+    const std::string profile =
+        dir.Write("vanish.json",
+                  LteProfileWithTimeline(nlohmann::json::array({
+                      {{"at_ms", 300}, {"repeat_ms", 400}, {"send", "^RSSI: 18"}},
+                      {{"at_ms", 2000}, {"fault", "vanish"}},
+                      {{"at_ms", 3000}, {"fault", "restore"}},
+                  })));
+    testkit::ScopedEnv zone("TZ", "IST-5:30");
+    const std::regex jsonTime(R"(\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\.\d{3}\+05:30)");
+    const std::regex textTime(R"(\d\d:\d\d:\d\d .*)");
+    for (const bool bJson : {true, false}) {
+        SCOPED_TRACE(bJson ? "json" : "text");
+        std::vector<std::string> args = {"--simulate", profile, "monitor", "--timeout", "5"};
+        if (bJson) {
+            args.insert(args.begin(), "--json");
+        }
+        const ToolResult r = RunTool(kTool, args);
+        EXPECT_EQ(r.exitStatus, 0) << r.err;
+        // What each line says, without its time.
+        std::vector<std::string> said;
+        for (const std::string& line : Lines(r.out)) {
+            if (!bJson) {
+                EXPECT_TRUE(std::regex_match(line, textTime)) << line;
+                said.push_back(line.substr(line.find(' ') + 1));
+                continue;
+            }
+            const auto entry = nlohmann::ordered_json::parse(line, nullptr, false);
+            ASSERT_TRUE(entry.is_object()) << line;
+            EXPECT_EQ(entry.begin().key(), "time") << line;
+            EXPECT_TRUE(std::regex_match(entry.value("time", ""), jsonTime)) << line;
+            EXPECT_FALSE(entry.contains("id")) << line;
+            const std::string event = entry.value("event", "");
+            EXPECT_EQ(event == "signal", entry.value("event_id", 0) == 1) << line;
+            said.push_back(event);
+        }
+        const std::string removed = bJson ? "device_removed" : "device removed";
+        const std::string back = bJson ? "device_back" : "device back";
+        const std::string signal = bJson ? "signal" : "signal 58%";
+        const auto gone = std::find(said.begin(), said.end(), removed);
+        const auto returned = std::find(gone, said.end(), back);
+        EXPECT_NE(std::find(said.begin(), gone, signal), gone) << r.out;
+        ASSERT_NE(returned, said.end()) << r.out;
+        EXPECT_EQ(std::count(said.begin(), said.end(), removed), 1) << r.out;
+        EXPECT_NE(std::find(returned, said.end(), signal), said.end()) << r.out;
+    }
+}
+
+TEST(Netsrvctl, EndsAtOnceWhileTheServiceStillWaitsForTheModem)
+{
+    // Each "+CREG" report starts the service's domain check, whose ^SYSINFOEX
+    // this modem takes 20 s to answer; the check is still waiting when the
+    // monitor has its lines. The bound is a hang guard: the tool is expected
+    // to be gone well within it.
+    std::ifstream in(std::string(NETSRV_SOURCE_DIR) + "/tools/modemsim/profiles/lte.json");
+    nlohmann::json profile = nlohmann::json::parse(in);
+    profile["delays"]["commands"]["^SYSINFOEX"] = 20000;
+    profile["timeline"] = nlohmann::json::array({
+        {{"at_ms", 300}, {"repeat_ms", 300}, {"report", "+CREG"}},
+        {{"at_ms", 600}, {"repeat_ms", 400}, {"send", "^RSSI: 18"}},
+    });
+    testkit::TempDir dir;
+    const ToolResult r = RunTool(kTool, {"--simulate", dir.Write("slow.json", profile.dump()),
+                                         "monitor", "--count", "3", "--timeout", "30"});
+    ASSERT_EQ(r.exitStatus, 0) << r.err;
+    EXPECT_EQ(Lines(r.out).size(), 3u) << r.out;
+    EXPECT_LT(r.afterLastOutput.count(), 3000) << "ms from the last line to the end";
+}
+
 TEST(Netsrvctl, UsageErrors)
 {
     struct Row {
         std::vector<std::string> args;
-        int status;
+        const char* mention;   // the message names what was wrong
     };
     const Row rows[] = {
-        {{}, 2},
-        {{"lasterr"}, 2},                                   // neither --device nor --simulate
-        {{"--simulate", "lte", "frobnicate"}, 2},           // no such command
-        {{"--simulate", "--baud", "1234", "lasterr"}, 2},   // no such line speed
-        {{"--device", "/dev/null", "--simulate", "lasterr"}, 2},
-        {{"--simulate", "--device-kind", "wimax", "lasterr"}, 2},
-        {{"--simulate", "monitor", "--count", "-1"}, 2},
-        {{"--simulate", "status", "signal"}, 2},            // one command at a time
-        {{"--simulate", "signal", "--raw"}, 2},             // a monitor option elsewhere
+        {{}, "--device"},
+        {{"lasterr"}, "--simulate"},                        // neither --device nor --simulate
+        {{"--simulate", "lte", "frobnicate"}, "frobnicate"},   // no such command
+        {{"--simulate", "--baud", "1234", "lasterr"}, "1234"},   // no such line speed
+        {{"--device", "/dev/null", "--simulate", "lasterr"}, "--simulate"},
+        {{"--simulate", "--device-kind", "wimax", "lasterr"}, "wimax"},
+        // A kind of last error is one byte; never sent to the modem wrapped round.
+        {{"--simulate", "lasterr", "-5"}, "from 0 to 255, not -5"},
+        {{"--simulate", "lasterr", "256"}, "from 0 to 255, not 256"},
+        {{"--simulate", "monitor", "--count", "-1"}, "0 or more, not -1"},
+        {{"--simulate", "monitor", "--count", "1.5"}, "not 1.5"},
+        {{"--simulate", "monitor", "--timeout", "nan"}, "0 or more, not nan"},
+        {{"--simulate", "monitor", "--timeout", "-0.5"}, "0 or more, not -0.5"},
+        {{"--simulate", "status", "signal"}, "signal"},     // one command at a time
+        {{"--simulate", "signal", "--raw"}, "--raw"},       // a monitor option elsewhere
     };
     for (const Row& row : rows) {
+        SCOPED_TRACE(::testing::PrintToString(row.args));
         const ToolResult r = RunTool(kTool, row.args);
-        EXPECT_EQ(r.exitStatus, row.status) << ::testing::PrintToString(row.args) << r.err;
-        EXPECT_FALSE(r.err.empty());
+        EXPECT_EQ(r.exitStatus, 2) << r.err;
+        ExpectOneLineError(r);
+        EXPECT_NE(r.err.find(row.mention), std::string::npos) << r.err;
+    }
+    // The ends of the range are kinds like any other.
+    for (const char* type : {"0", "255"}) {
+        const ToolResult r = RunTool(kTool, {"--simulate", "--json", "lasterr", type});
+        EXPECT_EQ(r.exitStatus, 0) << r.err;
+        EXPECT_EQ(nlohmann::json::parse(r.out, nullptr, false)["type"], std::stoi(type)) << r.out;
+    }
+}
+
+// The word after --simulate is a profile or a command by what it names.
+TEST(Netsrvctl, SimulateTakesAProfileOnlyWhenOneIsNamed)
+{
+    const struct {
+        std::vector<std::string> args;
+        int status;
+        const char* out;   // in standard output, or with status 2 in standard error
+    } rows[] = {
+        {{"--simulate", "status"}, 0, "system mode:      6 - LTE\n"},
+        {{"--simulate", "cdma", "status"}, 0, "system mode:      2 - CDMA\n"},
+        {{"--simulate", "plugin-info", "--json"}, 0, "\"name\":\"NetSrvPlugin\""},
+        {{"--simulate", "frobnicate"}, 2,
+         "frobnicate is neither a command nor a built-in profile nor a file; the built-in "
+         "profiles are lte, wcdma, tdscdma, cdma\n"},
+        // A name ending in .json is a profile file, even one that is missing.
+        {{"--simulate", "missing.json", "status"}, 2, "missing.json"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(::testing::PrintToString(row.args));
+        const ToolResult r = RunTool(kTool, row.args);
+        EXPECT_EQ(r.exitStatus, row.status) << r.err;
+        EXPECT_NE((row.status == 0 ? r.out : r.err).find(row.out), std::string::npos)
+            << r.out << r.err;
+        if (row.status != 0) {
+            ExpectOneLineError(r);
+        }
     }
 }
 
@@ -178,6 +299,12 @@ TEST(Netsrvctl, HelpOnEveryCommand)
         EXPECT_EQ(r.exitStatus, 0) << command;
         EXPECT_NE(r.out.find(command), std::string::npos) << r.out;
     }
+    // What 0 means for the monitor's limits is said where they are described.
+    const ToolResult monitor = RunTool(kTool, {"monitor", "--help"});
+    EXPECT_NE(monitor.out.find("N lines; 0 (the default): no limit"), std::string::npos)
+        << monitor.out;
+    EXPECT_NE(monitor.out.find("S seconds; 0 (the default): no limit"), std::string::npos)
+        << monitor.out;
 }
 
 // A failure is one line on standard error, with 3 for the modem and 2 for

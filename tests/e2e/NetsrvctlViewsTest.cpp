@@ -60,12 +60,13 @@ TEST(NetsrvctlViews, StatusAndSignalOfEveryShippedProfile)
     } rows[] = {
         // ^SYSINFOEX: 2,3,0,1,0,6,"LTE",101,"LTE"
         // ^HCSQ: "LTE",52,46,191,22: RSRP level 4, SINR level 5 -> 80 %;
-        // RSRP 46 - 141 = -95 dBm, RSRQ (22 - 40) / 2 = -9 dB. +CSQ: 22,99.
+        // RSRP 46 - 141 = -95 dBm, RSRQ (22 - 40) / 2 = -9 dB. +CSQ: 22,99:
+        // -113 + 2 * 22 = -69 dBm, the bit error rate not known.
         // ^LTESCINFO: 301,18,2,5. ^ANQUERY level 4. No WCDMA reading, no EV-DO.
         {"lte",
          R"J({"service_status":2,"system_mode":6,"sub_mode":101,"roaming":0,"domain":3,)J"
          R"J("sim_state":1,"lock_state":0,"modem_mode_name":"LTE","modem_sub_mode_name":"LTE"})J",
-         R"J({"signal_percent":80,"rssi":22,"ber":99,"rsrp":-95,"rsrq":-9,"sinr":18,)J"
+         R"J({"signal_percent":80,"rssi":22,"rssi_dbm":-69,"rsrp":-95,"rsrq":-9,"sinr":18,)J"
          R"J("pci":301,"antennas":2,"antenna_level":4})J"},
         // No ^SYSINFOEX: ^SYSINFO:2,3,0,5,1,,9 maps to WCDMA / HSPA+, without
         // names or a lock state.
@@ -73,20 +74,21 @@ TEST(NetsrvctlViews, StatusAndSignalOfEveryShippedProfile)
         {"wcdma",
          R"J({"service_status":2,"system_mode":3,"sub_mode":45,"domain":3,"sim_state":1,)J"
          R"J("lock_state":null,"modem_mode_name":null})J",
-         R"J({"signal_percent":54,"rssi":17,"ber":99,"rscp":-88,"ecio":-9,)J"
+         R"J({"signal_percent":54,"rssi":17,"rssi_dbm":-79,"rscp":-88,"ecio":-9,)J"
          R"J("antenna_level":3})J"},
         // ^HCSQ: "TD-SCDMA",45,36,55: (4500 - 500) / 91 = 43 %; RSCP 36 - 121 = -85,
-        // Ec/Io (55 - 65) / 2 = -5. +CSQ 140 loses its TD-SCDMA offset of 100.
+        // Ec/Io (55 - 65) / 2 = -5. +CSQ 140 is -116 + 40 = -76 dBm on the
+        // TD-SCDMA scale: step (40 - 3) / 2 = 18, as the modem's ^RSSI says.
         {"tdscdma",
          R"J({"system_mode":4,"sub_mode":64,"lock_state":0,"modem_mode_name":"TD-SCDMA",)J"
          R"J("modem_sub_mode_name":"HSPA"})J",
-         R"J({"signal_percent":43,"rssi":40,"ber":99,"rscp":-85,"ecio":-5,)J"
+         R"J({"signal_percent":43,"rssi":18,"rssi_dbm":-77,"rscp":-85,"ecio":-5,)J"
          R"J("antenna_level":3})J"},
         // ^SYSINFO:2,2,0,8,1: the hybrid system mode 8 without a sub-mode.
         // ^CSQLVL 60 and ^HDRCSQLVL 60 are percentages already; no ^HCSQ,
         // ^CSNR or ^ANQUERY.
         {"cdma", R"J({"system_mode":2,"sub_mode":29,"domain":2,"lock_state":null})J",
-         R"J({"signal_percent":60,"rssi":18,"ber":99,"evdo_percent":60})J"},
+         R"J({"signal_percent":60,"rssi":18,"rssi_dbm":-77,"evdo_percent":60})J"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.profile);
@@ -94,6 +96,38 @@ TEST(NetsrvctlViews, StatusAndSignalOfEveryShippedProfile)
         EXPECT_TRUE(HasFields(both["status"], json::parse(row.status))) << both;
         EXPECT_EQ(both["signal"], json::parse(row.signal));
     }
+}
+
+// "+CSQ" as the same 0..31 step on every radio, whatever form the modem
+// answers in; a value it does not know (99, or 199 on TD-SCDMA) is left out.
+TEST(NetsrvctlViews, SignalStepOnEveryRadio)
+{
+    const struct {
+        const char* profile;
+        int rssi;
+        int ber;
+        const char* signal;   // these fields among others; null: absent
+    } rows[] = {
+        {"tdscdma", 199, 99, R"J({"rssi":99,"rssi_dbm":null,"ber":null})J"},
+        {"tdscdma", 100, 99, R"J({"rssi":0,"rssi_dbm":-113})J"},
+        // -116 + 91 = -25 dBm is beyond the top step.
+        {"tdscdma", 191, 2, R"J({"rssi":31,"rssi_dbm":-51,"ber":2})J"},
+        {"wcdma", 31, 3, R"J({"rssi":31,"rssi_dbm":-51,"ber":3})J"},
+        {"wcdma", 99, 99, R"J({"rssi":99,"rssi_dbm":null,"ber":null})J"},
+        // Outside the scale: not known rather than a wrong number.
+        {"wcdma", 45, 9, R"J({"rssi":99,"rssi_dbm":null,"ber":null})J"},
+    };
+    testkit::TempDir dir;
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::string(row.profile) + " " + std::to_string(row.rssi));
+        json profile = ShippedProfile(row.profile);
+        profile["signal"]["csq"] = {{"rssi", row.rssi}, {"ber", row.ber}};
+        const json signal = RunForJson(
+            {"--simulate", dir.Write("csq.json", profile.dump()), "--json", "signal"});
+        EXPECT_TRUE(HasFields(signal, json::parse(row.signal))) << signal;
+    }
+    const ToolResult text = RunTool(kTool, {"--simulate", "tdscdma", "signal"});
+    EXPECT_NE(text.out.find("rssi:             18 (-77 dBm)\n"), std::string::npos) << text.out;
 }
 
 // Without a command the tool shows what status and signal show, in that order.
@@ -112,6 +146,55 @@ TEST(NetsrvctlViews, NoCommandIsStatusThenSignal)
     EXPECT_EQ(Lines(status.out).size(), 8u) << status.out;
     EXPECT_EQ(Lines(signal.out).size(), 11u) << signal.out;
     EXPECT_EQ(text.out, status.out + "\n" + signal.out);
+}
+
+// Keys in the documented order, every value one that was read; every text
+// view with its values in one column, also across status and signal.
+TEST(NetsrvctlViews, OneStyleInEveryView)
+{
+    const struct {
+        std::vector<std::string> args;
+        std::vector<std::string> keys;   // of the JSON object, in order
+    } jsonRows[] = {
+        {{"plugin-info"}, {"name", "clsid", "version", "type", "allow_release"}},
+        {{"lasterr", "1"}, {"type", "code"}},
+        {{}, {"status", "signal"}},
+    };
+    for (const auto& row : jsonRows) {
+        std::vector<std::string> args = {"--simulate", "--json"};
+        args.insert(args.end(), row.args.begin(), row.args.end());
+        const ToolResult r = RunTool(kTool, args);
+        EXPECT_EQ(r.exitStatus, 0) << r.err;
+        const nlohmann::ordered_json object = nlohmann::ordered_json::parse(r.out, nullptr, false);
+        std::vector<std::string> keys;
+        for (const auto& item : object.items()) {
+            keys.push_back(item.key());
+        }
+        EXPECT_EQ(keys, row.keys) << r.out;
+    }
+    // No data link here (or one of the machine's own): whatever is not found
+    // is left out rather than null.
+    const ToolResult address = RunTool(kTool, {"--simulate", "--json", "address"});
+    const json addresses = json::parse(address.out, nullptr, false);
+    ASSERT_TRUE(addresses.is_object()) << address.out;
+    for (const auto& item : addresses.items()) {
+        EXPECT_TRUE(item.value().is_string()) << address.out;
+    }
+
+    for (const std::vector<std::string>& args :
+         {std::vector<std::string>{}, {"plugin-info"}, {"lasterr"}, {"address"}}) {
+        std::vector<std::string> all = {"--simulate"};
+        all.insert(all.end(), args.begin(), args.end());
+        const ToolResult r = RunTool(kTool, all);
+        std::set<size_t> columns;
+        for (const std::string& line : Lines(r.out)) {
+            const size_t colon = line.find(": ");
+            if (colon != std::string::npos) {
+                columns.insert(line.find_first_not_of(' ', colon + 1));
+            }
+        }
+        EXPECT_EQ(columns.size(), 1u) << ::testing::PrintToString(args) << "\n" << r.out;
+    }
 }
 
 // A profile of our own: the LTE modem with other commands missing, answers
@@ -181,8 +264,8 @@ TEST(NetsrvctlViews, FailuresKeepTheExitStatuses)
     // In text too, what could be read is shown.
     const ToolResult text = RunTool(kTool, {"--simulate", noPercentProfile, "signal"});
     EXPECT_EQ(text.exitStatus, 1);
-    EXPECT_NE(text.out.find("signal:        not reported\n"), std::string::npos) << text.out;
-    EXPECT_NE(text.out.find("antenna level: 4\n"), std::string::npos) << text.out;
+    EXPECT_NE(text.out.find("signal:           not reported\n"), std::string::npos) << text.out;
+    EXPECT_NE(text.out.find("antenna level:    4\n"), std::string::npos) << text.out;
 }
 
 // The lines of a --json monitor run: events, and with --raw the reports.

@@ -37,7 +37,8 @@ ToolResult RunTool(const std::string& program, const std::vector<std::string>& a
     close(outPipe[1]);
     close(errPipe[1]);
 
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(timeoutSeconds);
+    auto lastOutput = std::chrono::steady_clock::now();
+    const auto deadline = lastOutput + std::chrono::seconds(timeoutSeconds);
     pollfd fds[2] = {{outPipe[0], POLLIN, 0}, {errPipe[0], POLLIN, 0}};
     std::string* sinks[2] = {&result.out, &result.err};
     int open = 2;
@@ -59,6 +60,7 @@ ToolResult RunTool(const std::string& program, const std::vector<std::string>& a
                 const ssize_t n = read(fds[i].fd, buffer, sizeof(buffer));
                 if (n > 0) {
                     sinks[i]->append(buffer, static_cast<size_t>(n));
+                    lastOutput = std::chrono::steady_clock::now();
                 } else {
                     close(fds[i].fd);
                     fds[i].fd = -1;
@@ -74,6 +76,8 @@ ToolResult RunTool(const std::string& program, const std::vector<std::string>& a
     }
     int status = 0;
     waitpid(pid, &status, 0);
+    result.afterLastOutput = std::chrono::duration_cast<std::chrono::milliseconds>(
+        std::chrono::steady_clock::now() - lastOutput);
     if (WIFEXITED(status)) {
         result.exitStatus = WEXITSTATUS(status);
     }

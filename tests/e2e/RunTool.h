@@ -3,6 +3,7 @@
 #ifndef E2E_RUNTOOL_H
 #define E2E_RUNTOOL_H
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,9 @@ struct ToolResult {
     bool timedOut = false;
     std::string out;
     std::string err;
+    // From the last byte it printed (or its start) to its end: how long it
+    // took to shut down after its last answer.
+    std::chrono::milliseconds afterLastOutput{0};
 };
 
 ToolResult RunTool(const std::string& program, const std::vector<std::string>& args,

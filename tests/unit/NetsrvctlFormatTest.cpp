@@ -58,33 +58,33 @@ TEST(NetsrvctlEventFormat, EventsAndTheirPayloads)
     };
     const Row rows[] = {
         {NETSRV_DATA::EVENT_SRV_RSSI, &rssi, "signal 64%",
-         R"J({"event":"signal","id":1,"signal_percent":64})J"},
+         R"J({"event":"signal","event_id":1,"signal_percent":64})J"},
         {NETSRV_DATA::EVENT_SRV_ANTENNA_LEVEL, &antenna, "antenna level 4",
-         R"J({"event":"antenna_level","id":11,"antenna_level":4})J"},
+         R"J({"event":"antenna_level","event_id":11,"antenna_level":4})J"},
         {NETSRV_DATA::EVENT_SRV_SYSTEM_MODE, &hspaPlus, "mode HSPA+ (WCDMA)",
-         R"J({"event":"system_mode","id":7,"sub_mode":45,"sub_mode_name":"HSPA+ (WCDMA)"})J"},
+         R"J({"event":"system_mode","event_id":7,"sub_mode":45,"sub_mode_name":"HSPA+ (WCDMA)"})J"},
         // A sub-mode outside the enumeration keeps its number.
         {NETSRV_DATA::EVENT_SRV_SYSTEM_MODE, &lteSubMode, "mode 101",
-         R"J({"event":"system_mode","id":7,"sub_mode":101})J"},
+         R"J({"event":"system_mode","event_id":7,"sub_mode":101})J"},
         {NETSRV_DATA::EVENT_NET_SERVER_STATUS, &normal, "service status: normal service",
-         R"J({"event":"service_status","id":4,"service_status":2,)J"
+         R"J({"event":"service_status","event_id":4,"service_status":2,)J"
          R"J("service_status_name":"normal service"})J"},
         {NETSRV_DATA::EVENT_NET_SERVER_STATUS, &odd, "service status: 77",
-         R"J({"event":"service_status","id":4,"service_status":77})J"},
+         R"J({"event":"service_status","event_id":4,"service_status":77})J"},
         {NETSRV_DATA::EVENT_SRV_DOMAIN, &csAndPs, "domain: CS and PS",
-         R"J({"event":"domain","id":5,"domain":3,"domain_name":"CS and PS"})J"},
+         R"J({"event":"domain","event_id":5,"domain":3,"domain_name":"CS and PS"})J"},
         {NETSRV_DATA::EVENT_SIM_REFRESH, &fileType, "SIM refresh: file type 2",
-         R"J({"event":"sim_refresh","id":13,"file_type":2})J"},
+         R"J({"event":"sim_refresh","event_id":13,"file_type":2})J"},
         // A payload with no defined content is not read.
         {NETSRV_DATA::EVENT_PNN_FILEREFRESH, &odd, "PNN file refreshed",
-         R"J({"event":"pnn_file_refresh","id":12})J"},
+         R"J({"event":"pnn_file_refresh","event_id":12})J"},
         {NETSRV_DATA::EVENT_SRV_MS_UNAVAILABLE, &odd, "modem unavailable",
-         R"J({"event":"modem_unavailable","id":9})J"},
+         R"J({"event":"modem_unavailable","event_id":9})J"},
         // A null payload where one is defined: the event alone.
-        {NETSRV_DATA::EVENT_SRV_RSSI, nullptr, "signal", R"J({"event":"signal","id":1})J"},
-        {NETSRV_DATA::EVENT_SRV_DOMAIN, nullptr, "domain", R"J({"event":"domain","id":5})J"},
-        {99, &odd, "event 99", R"J({"event":"event_99","id":99})J"},
-        {-1, nullptr, "event -1", R"J({"event":"event_-1","id":-1})J"},
+        {NETSRV_DATA::EVENT_SRV_RSSI, nullptr, "signal", R"J({"event":"signal","event_id":1})J"},
+        {NETSRV_DATA::EVENT_SRV_DOMAIN, nullptr, "domain", R"J({"event":"domain","event_id":5})J"},
+        {99, &odd, "event 99", R"J({"event":"event_99","event_id":99})J"},
+        {-1, nullptr, "event -1", R"J({"event":"event_-1","event_id":-1})J"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.text);

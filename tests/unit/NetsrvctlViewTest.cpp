@@ -231,10 +231,7 @@ SignalReadings LteReadings()
 {
     SignalReadings r;
     r.percent = 20;
-    NETSRV_DATA::RowRSSI csq;
-    csq.nRSSI = 22;
-    csq.nBer = 99;
-    r.csq = csq;
+    r.csq = netsrvctl::CsqStep{22, 99};
     LteSignal lte;
     lte.nRSRP = -122;
     lte.nRSRQ = -20;
@@ -256,10 +253,7 @@ TEST(NetsrvctlSignalView, OnlyTheReadingsTheModemGave)
     quality.nRSCP = -91;
     quality.nECIO = -7;
     wcdma.quality = quality;
-    NETSRV_DATA::RowRSSI csq;
-    csq.nRSSI = 99;
-    csq.nBer = 3;
-    wcdma.csq = csq;
+    wcdma.csq = netsrvctl::CsqStep{99, 3};
 
     SignalReadings evdoOnly;
     evdoOnly.evdoPercent = 60;
@@ -272,32 +266,32 @@ TEST(NetsrvctlSignalView, OnlyTheReadingsTheModemGave)
     };
     const Row rows[] = {
         {"LTE", LteReadings(),
-         R"J({"signal_percent":20,"rssi":22,"ber":99,"rsrp":-122,"rsrq":-20,"sinr":-3,)J"
+         R"J({"signal_percent":20,"rssi":22,"rssi_dbm":-69,"rsrp":-122,"rsrq":-20,"sinr":-3,)J"
          R"J("pci":301,"antennas":1,"antenna_level":4})J",
-         "signal:        [##--------] 20%\n"
-         "rssi:          22\n"
-         "ber:           99 (not known)\n"
-         "RSCP:          not reported\n"
-         "Ec/Io:         not reported\n"
-         "RSRP:          -122 dBm\n"
-         "RSRQ:          -20 dB\n"
-         "SINR:          -3 dB\n"
-         "LTE cell:      PCI 301, 1 antenna\n"
-         "antenna level: 4\n"
-         "EV-DO signal:  not reported\n"},
+         "signal:           [##--------] 20%\n"
+         "rssi:             22 (-69 dBm)\n"
+         "ber:              99 (not known)\n"
+         "RSCP:             not reported\n"
+         "Ec/Io:            not reported\n"
+         "RSRP:             -122 dBm\n"
+         "RSRQ:             -20 dB\n"
+         "SINR:             -3 dB\n"
+         "LTE cell:         PCI 301, 1 antenna\n"
+         "antenna level:    4\n"
+         "EV-DO signal:     not reported\n"},
         {"WCDMA", wcdma,
          R"J({"signal_percent":51,"rssi":99,"ber":3,"rscp":-91,"ecio":-7})J",
-         "signal:        [#####-----] 51%\n"
-         "rssi:          99 (not known)\n"
-         "ber:           3\n"
-         "RSCP:          -91 dBm\n"
-         "Ec/Io:         -7 dB\n"
-         "RSRP:          not reported\n"
-         "RSRQ:          not reported\n"
-         "SINR:          not reported\n"
-         "LTE cell:      not reported\n"
-         "antenna level: not reported\n"
-         "EV-DO signal:  not reported\n"},
+         "signal:           [#####-----] 51%\n"
+         "rssi:             99 (not known)\n"
+         "ber:              3\n"
+         "RSCP:             -91 dBm\n"
+         "Ec/Io:            -7 dB\n"
+         "RSRP:             not reported\n"
+         "RSRQ:             not reported\n"
+         "SINR:             not reported\n"
+         "LTE cell:         not reported\n"
+         "antenna level:    not reported\n"
+         "EV-DO signal:     not reported\n"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.what);
@@ -308,7 +302,7 @@ TEST(NetsrvctlSignalView, OnlyTheReadingsTheModemGave)
     // Nothing but the EV-DO reading: every other line says so.
     EXPECT_EQ(SignalJson(evdoOnly).dump(), R"J({"evdo_percent":60})J");
     std::string text = SignalText(evdoOnly);
-    const std::string evdoLine = "EV-DO signal:  [######----] 60%\n";
+    const std::string evdoLine = "EV-DO signal:     [######----] 60%\n";
     ASSERT_GE(text.size(), evdoLine.size());
     EXPECT_EQ(text.substr(text.size() - evdoLine.size()), evdoLine);
     text.resize(text.size() - evdoLine.size());

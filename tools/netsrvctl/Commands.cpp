@@ -3,16 +3,21 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "AtCodec/IProcessor.h"
 #include "ErrorText.h"
 #include "OutputText.h"
 #include "SignalView.h"
 #include "StatusView.h"
+#include "TextColumns.h"
 
 namespace netsrvctl {
 
 namespace {
+// As long as the service gives its own signal queries.
+const unsigned long kCsqTimeoutMs = 30000;
+
 // A query's result before it is printed, so that the command without a name
 // can put two of them together.
 struct Outcome {
@@ -94,6 +99,18 @@ std::optional<Record> ReadOne(INetSrv* pNetSrv, bool (INetSrv::*query)(Record*, 
     return bRead ? std::optional<Record>(record) : std::nullopt;
 }
 
+// "+CSQ" is read here rather than through the service: see CsqStep.h.
+std::optional<CsqStep> ReadCsq(ToolHost& host)
+{
+    std::vector<std::string> lines;
+    unsigned long dwError = 0;
+    if (!host.Processor()->ExecuteText("AT+CSQ", "+CSQ", &lines, &dwError, kCsqTimeoutMs) ||
+        lines.empty()) {
+        return std::nullopt;
+    }
+    return ParseCsqAnswer(lines.front());
+}
+
 Outcome ReadSignal(ToolHost& host)
 {
     INetSrv* pNetSrv = host.NetSrv();
@@ -104,7 +121,7 @@ Outcome ReadSignal(ToolHost& host)
     }
     // Every other query would wait out its own time-out on a silent modem.
     if (readings.percent || StatusOfErrorWord(dwPercentError) != EXIT_NO_MODEM) {
-        readings.csq = ReadOne(pNetSrv, &INetSrv::SRVGetRowRSSI);
+        readings.csq = ReadCsq(host);
         readings.quality = ReadOne(pNetSrv, &INetSrv::SRVGetSignalQuality);
         readings.lte = ReadOne(pNetSrv, &INetSrv::SRVGetLteSignalQuality);
         readings.lteCell = ReadOne(pNetSrv, &INetSrv::SRVGetLteScInfo);
@@ -132,21 +149,21 @@ ExitStatus RunPluginInfo(ToolHost& host, const OutputOptions& out, std::ostream&
     const unsigned long version = pPlugin->GetVersion();
     const char* type = pPlugin->GetPluginType() == IBasePlugin::OPERATION ? "OPERATION" : "UI";
     if (out.json) {
-        os << nlohmann::json{{"clsid", pPlugin->GetCLSID()},
-                             {"name", pPlugin->GetPluginName()},
-                             {"version", version},
-                             {"type", type},
-                             {"allow_release", pPlugin->IsAllowRelease()}}
-                  .dump()
+        os << JsonLine(nlohmann::ordered_json{{"name", pPlugin->GetPluginName()},
+                                              {"clsid", pPlugin->GetCLSID()},
+                                              {"version", version},
+                                              {"type", type},
+                                              {"allow_release", pPlugin->IsAllowRelease()}})
            << "\n";
         return EXIT_OK;
     }
-    os << "name:          " << pPlugin->GetPluginName() << "\n"
-       << "clsid:         " << pPlugin->GetCLSID() << "\n"
-       << "version:       " << (version >> 8) << "." << (version & 0xFF) << " (" << version
-       << ")\n"
-       << "type:          " << type << "\n"
-       << "allow release: " << (pPlugin->IsAllowRelease() ? "yes" : "no") << "\n";
+    os << LabelledLine("name", pPlugin->GetPluginName())
+       << LabelledLine("clsid", pPlugin->GetCLSID())
+       << LabelledLine("version", std::to_string(version >> 8) + "." +
+                                      std::to_string(version & 0xFF) + " (" +
+                                      std::to_string(version) + ")")
+       << LabelledLine("type", type)
+       << LabelledLine("allow release", pPlugin->IsAllowRelease() ? "yes" : "no");
     return EXIT_OK;
 }
 
@@ -160,9 +177,11 @@ ExitStatus RunLastErr(ToolHost& host, unsigned long dwType, const OutputOptions&
         return ReportFailure("lasterr", dwError, out, os, err);
     }
     if (out.json) {
-        os << nlohmann::json{{"type", lastErr.type}, {"code", lastErr.code}}.dump() << "\n";
+        os << JsonLine(nlohmann::ordered_json{{"type", lastErr.type}, {"code", lastErr.code}})
+           << "\n";
     } else {
-        os << "type: " << lastErr.type << "\ncode: " << lastErr.code << "\n";
+        os << LabelledLine("type", std::to_string(lastErr.type))
+           << LabelledLine("code", std::to_string(lastErr.code));
     }
     return EXIT_OK;
 }
@@ -181,29 +200,23 @@ ExitStatus RunAddress(ToolHost& host, const OutputOptions& out, std::ostream& os
         {"ipv6", &INetSrv::SRVGetDynamicIP6},
     };
 
-    nlohmann::json result = nlohmann::json::object();
-    int found = 0;
+    // An address that was not found is left out of the JSON object.
+    nlohmann::ordered_json json = nlohmann::ordered_json::object();
+    std::string text;
     for (const Query& q : queries) {
         char buffer[256] = {};
         // The reserved argument must be given; the service puts the current
         // link's name in its place.
         if ((host.NetSrv()->*q.query)("", "", buffer, sizeof(buffer) - 1)) {
-            result[q.label] = buffer;
-            ++found;
+            const std::string address = FieldText(buffer, sizeof(buffer));
+            json[q.label] = address;
+            text += LabelledLine(q.label, address);
         } else {
-            result[q.label] = nullptr;
+            text += LabelledLine(q.label, "(none)");
         }
     }
-    if (out.json) {
-        os << result.dump() << "\n";
-    } else {
-        for (const Query& q : queries) {
-            const nlohmann::json& value = result[q.label];
-            os << q.label << ": " << (value.is_null() ? "(none)" : value.get<std::string>())
-               << "\n";
-        }
-    }
-    if (found == 0) {
+    os << (out.json ? JsonLine(json) + "\n" : text);
+    if (json.empty()) {
         err << "netsrvctl: address: no address: no data link is connected\n";
         return EXIT_FAILED;
     }

@@ -122,7 +122,7 @@ std::string EventKey(int iEvent)
 
 nlohmann::ordered_json EventJson(int iEvent, const void* pData)
 {
-    nlohmann::ordered_json json = {{"event", EventKey(iEvent)}, {"id", iEvent}};
+    nlohmann::ordered_json json = {{"event", EventKey(iEvent)}, {"event_id", iEvent}};
     if (pData == nullptr) {
         return json;
     }

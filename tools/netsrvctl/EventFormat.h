@@ -12,7 +12,8 @@ namespace netsrvctl {
 // "event_<n>" for an identifier the service does not define.
 std::string EventKey(int iEvent);
 
-// {"event": key, "id": n, ...the payload's fields}; the fields use the keys
+// {"event": key, "event_id": n, ...the payload's fields}, n the service's
+// identifier of the event (not a sequence number); the fields use the keys
 // of `status` and `signal` (signal_percent, service_status, domain, sub_mode,
 // antenna_level ... with their _name). A null payload, or one that the event
 // does not define, adds no fields.

@@ -1,6 +1,8 @@
 // netsrvctl monitor: prints the service's events as they arrive, one line
 // each, and with --raw also the modem's reports as the AT processor hands
-// them to the service.
+// them to the service. The modem's port going away and coming back is told
+// by the host's device manager and printed as it happens. Every line starts
+// with the local time of its arrival.
 
 #include <atomic>
 #include <chrono>
@@ -15,7 +17,9 @@
 #include "AtCodec/IAtCallBack.h"
 #include "Commands.h"
 #include "EventFormat.h"
+#include "Interface/IDeviceMgrEvent.h"
 #include "Interface/IUniCommEvent.h"
+#include "LocalTime.h"
 #include "OutputText.h"
 
 namespace netsrvctl {
@@ -69,9 +73,10 @@ private:
     std::deque<std::string> m_lines;
 };
 
-// Receives the service's events and, with --raw, the modem's reports; both
-// arrive on other threads and are queued for the main thread.
-class MonitorClients : public IUniCommEvent, public IAtCallBack {
+// Receives the service's events, the device manager's news of the port and,
+// with --raw, the modem's reports; all arrive on other threads and are
+// queued, stamped with their arrival, for the main thread.
+class MonitorClients : public IUniCommEvent, public IAtCallBack, public IDeviceMgrEvent {
 public:
     explicit MonitorClients(bool bJson) : m_bJson(bJson) {}
     virtual ~MonitorClients() {}
@@ -80,28 +85,53 @@ public:
 
     bool OnUniCommEvent(DWORD dwEvent, void* pData) override
     {
+        // The payload is only valid during the call: formatted here.
         const int iEvent = static_cast<int>(dwEvent);
-        m_queue.Push(m_bJson ? JsonLine(EventJson(iEvent, pData)) : EventText(iEvent, pData));
+        Push(m_bJson ? EventJson(iEvent, pData) : nlohmann::ordered_json(),
+             m_bJson ? std::string() : EventText(iEvent, pData));
         return true;
     }
 
     bool AtCallBackEvent(const Command& cmd) override
     {
-        if (m_bJson) {
-            m_queue.Push(JsonLine(nlohmann::ordered_json{{"report", cmd.name},
-                                                         {"fields", cmd.params}}));
-        } else {
-            std::string line = "report " + cmd.name;
-            for (size_t i = 0; i < cmd.params.size(); ++i) {
-                line += (i == 0 ? " " : ",") + cmd.params[i];
-            }
-            m_queue.Push(line);
+        std::string text = "report " + cmd.name;
+        for (size_t i = 0; i < cmd.params.size(); ++i) {
+            text += (i == 0 ? " " : ",") + cmd.params[i];
+        }
+        Push({{"report", cmd.name}, {"fields", cmd.params}}, text);
+        return true;
+    }
+
+    // The port is reported open once after the start as well; only a return
+    // after a loss is news.
+    bool OnDeviceMgrEvent(DWORD dwEvent, void*) override
+    {
+        if (dwEvent == EVENT_DEVICE_REJECT && !m_bRemoved.exchange(true)) {
+            Push({{"event", "device_removed"}}, "device removed");
+        } else if (dwEvent == EVENT_DEVICE_INSERT && m_bRemoved.exchange(false)) {
+            Push({{"event", "device_back"}}, "device back");
         }
         return true;
     }
 
 private:
+    // JSON: {"time": ..., then the line's own keys}; text: "14:03:07 " + text.
+    void Push(const nlohmann::ordered_json& json, const std::string& text)
+    {
+        const LocalTime now = LocalTimeOf(std::chrono::system_clock::now());
+        if (!m_bJson) {
+            m_queue.Push(now.clock + " " + text);
+            return;
+        }
+        nlohmann::ordered_json line = {{"time", now.iso}};
+        for (const auto& item : json.items()) {
+            line[item.key()] = item.value();
+        }
+        m_queue.Push(JsonLine(line));
+    }
+
     bool m_bJson;
+    std::atomic<bool> m_bRemoved{false};
     LineQueue m_queue;
 };
 
@@ -117,6 +147,11 @@ ExitStatus RunMonitor(ToolHost& host, const MonitorOptions& monitor, const Outpu
 
     INetSrv* pNetSrv = host.NetSrv();
     pNetSrv->SRVRegisterCallback(static_cast<IUniCommEvent*>(&clients));
+    host.DeviceManager().RegisterDeviceCallback(&clients);
+    // Gone already while the tool was starting: said at once, like a loss later.
+    if (!host.Processor()->IsOpen()) {
+        clients.OnDeviceMgrEvent(IDeviceMgrEvent::EVENT_DEVICE_REJECT, nullptr);
+    }
 
     bool bSubscribed = true;
     if (monitor.raw) {
@@ -145,6 +180,8 @@ ExitStatus RunMonitor(ToolHost& host, const MonitorOptions& monitor, const Outpu
     if (monitor.raw) {
         host.Processor()->UnRegisterClient(kMonitorClientName);
     }
+    // Waits for a delivery on the processor's thread to end.
+    host.DeviceManager().UnRegisterDeviceCallback(&clients);
     pNetSrv->SRVUnRegisterCallback(static_cast<IUniCommEvent*>(&clients));
     std::signal(SIGINT, previousInt);
     std::signal(SIGTERM, previousTerm);

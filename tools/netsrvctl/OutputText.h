@@ -15,8 +15,9 @@ std::string FieldText(const char* pszField, size_t nSize);
 
 // The object on one line. Bytes that are not UTF-8 (a modem's name in its own
 // code page) become U+FFFD instead of failing the whole line.
+// Every object the tool prints is an ordered_json, so that its keys come in
+// the documented order rather than sorted.
 std::string JsonLine(const nlohmann::ordered_json& value);
-std::string JsonLine(const nlohmann::json& value);
 
 }  // namespace netsrvctl
 

@@ -2,21 +2,15 @@
 
 #include <algorithm>
 
+#include "TextColumns.h"
+
 namespace netsrvctl {
 
 namespace {
 const char* const kNotReported = "not reported";
 // "+CSQ" gives 99 for an rssi or a bit error rate that it does not know.
 const int kCsqUnknown = 99;
-const size_t kLabelWidth = 15;   // "antenna level: "
 const int kBarCells = 10;
-
-std::string Line(const std::string& label, const std::string& value)
-{
-    std::string line = label + ":";
-    line.append(line.size() < kLabelWidth ? kLabelWidth - line.size() : 1, ' ');
-    return line + value + "\n";
-}
 
 template <typename T, typename F>
 std::string Shown(const std::optional<T>& reading, F format)
@@ -27,6 +21,12 @@ std::string Shown(const std::optional<T>& reading, F format)
 std::string CsqValue(int value)
 {
     return std::to_string(value) + (value == kCsqUnknown ? " (not known)" : "");
+}
+
+std::string RssiValue(int step)
+{
+    const std::optional<int> dbm = RssiDbm(step);
+    return dbm ? std::to_string(step) + " (" + std::to_string(*dbm) + " dBm)" : CsqValue(step);
 }
 
 std::string WithUnit(int value, const char* pszUnit)
@@ -50,8 +50,13 @@ nlohmann::ordered_json SignalJson(const SignalReadings& r)
         json["signal_percent"] = *r.percent;
     }
     if (r.csq) {
-        json["rssi"] = r.csq->nRSSI;
-        json["ber"] = r.csq->nBer;
+        json["rssi"] = r.csq->rssi;
+        if (const std::optional<int> dbm = RssiDbm(r.csq->rssi)) {
+            json["rssi_dbm"] = *dbm;
+        }
+        if (r.csq->ber != kCsqUnknown) {
+            json["ber"] = r.csq->ber;
+        }
     }
     if (r.quality) {
         json["rscp"] = r.quality->nRSCP;
@@ -77,29 +82,30 @@ nlohmann::ordered_json SignalJson(const SignalReadings& r)
 
 std::string SignalText(const SignalReadings& r)
 {
-    using NETSRV_DATA::RowRSSI;
     using NETSRV_DATA::Signal;
     std::string text;
-    text += Line("signal", Shown(r.percent, SignalBar));
-    text += Line("rssi", Shown(r.csq, [](const RowRSSI& v) { return CsqValue(v.nRSSI); }));
-    text += Line("ber", Shown(r.csq, [](const RowRSSI& v) { return CsqValue(v.nBer); }));
-    text += Line("RSCP",
-                 Shown(r.quality, [](const Signal& v) { return WithUnit(v.nRSCP, "dBm"); }));
-    text += Line("Ec/Io",
-                 Shown(r.quality, [](const Signal& v) { return WithUnit(v.nECIO, "dB"); }));
-    text += Line("RSRP",
-                 Shown(r.lte, [](const LteSignal& v) { return WithUnit(v.nRSRP, "dBm"); }));
-    text += Line("RSRQ",
-                 Shown(r.lte, [](const LteSignal& v) { return WithUnit(v.nRSRQ, "dB"); }));
-    text += Line("SINR",
-                 Shown(r.lteCell, [](const LteScInfo& v) { return WithUnit(v.dlsinr, "dB"); }));
-    text += Line("LTE cell", Shown(r.lteCell, [](const LteScInfo& v) {
-                     return "PCI " + std::to_string(v.pci) + ", " + std::to_string(v.numant) +
-                            (v.numant == 1 ? " antenna" : " antennas");
-                 }));
-    text += Line("antenna level",
-                 Shown(r.antennaLevel, [](int level) { return std::to_string(level); }));
-    text += Line("EV-DO signal", Shown(r.evdoPercent, SignalBar));
+    text += LabelledLine("signal", Shown(r.percent, SignalBar));
+    text += LabelledLine("rssi", Shown(r.csq, [](const CsqStep& v) { return RssiValue(v.rssi); }));
+    text += LabelledLine("ber", Shown(r.csq, [](const CsqStep& v) { return CsqValue(v.ber); }));
+    text += LabelledLine(
+        "RSCP", Shown(r.quality, [](const Signal& v) { return WithUnit(v.nRSCP, "dBm"); }));
+    text += LabelledLine(
+        "Ec/Io", Shown(r.quality, [](const Signal& v) { return WithUnit(v.nECIO, "dB"); }));
+    text += LabelledLine(
+        "RSRP", Shown(r.lte, [](const LteSignal& v) { return WithUnit(v.nRSRP, "dBm"); }));
+    text += LabelledLine(
+        "RSRQ", Shown(r.lte, [](const LteSignal& v) { return WithUnit(v.nRSRQ, "dB"); }));
+    text += LabelledLine(
+        "SINR", Shown(r.lteCell, [](const LteScInfo& v) { return WithUnit(v.dlsinr, "dB"); }));
+    text += LabelledLine("LTE cell", Shown(r.lteCell, [](const LteScInfo& v) {
+                             return "PCI " + std::to_string(v.pci) + ", " +
+                                    std::to_string(v.numant) +
+                                    (v.numant == 1 ? " antenna" : " antennas");
+                         }));
+    text += LabelledLine("antenna level", Shown(r.antennaLevel, [](int level) {
+                             return std::to_string(level);
+                         }));
+    text += LabelledLine("EV-DO signal", Shown(r.evdoPercent, SignalBar));
     return text;
 }
 

@@ -4,6 +4,7 @@
 
 #include "Names.h"
 #include "OutputText.h"
+#include "TextColumns.h"
 
 namespace netsrvctl {
 
@@ -80,15 +81,6 @@ StatusModel BuildModel(const SystemInfo& info)
     return model;
 }
 
-const size_t kLabelWidth = 18;   // "modem mode names: "
-
-std::string Line(const char* pszLabel, const std::string& value)
-{
-    std::string line = std::string(pszLabel) + ":";
-    line.append(line.size() < kLabelWidth ? kLabelWidth - line.size() : 1, ' ');
-    return line + value + "\n";
-}
-
 // "2 - normal service", "101 - LTE (the modem's name)", "7 - unknown". Not
 // "2 (normal service)": some names carry brackets of their own.
 std::string NumberAndName(int64_t value, const std::string& name, bool bFromModem = false)
@@ -128,19 +120,21 @@ std::string StatusText(const SystemInfo& info)
     const StatusModel model = BuildModel(info);
     std::string text;
     for (const StatusField& field : model.fields) {
-        text += Line(field.label, NumberAndName(field.value, field.name, field.nameFromModem));
+        text += LabelledLine(field.label,
+                             NumberAndName(field.value, field.name, field.nameFromModem));
     }
-    text += Line("lock state", model.lockReported
-                                   ? NumberAndName(model.lockState,
-                                                   NameOf(LockStateName(model.lockState)))
-                                   : "not reported");
+    text += LabelledLine("lock state", model.lockReported
+                                           ? NumberAndName(model.lockState,
+                                                           NameOf(LockStateName(model.lockState)))
+                                           : "not reported");
     if (model.modemModeName.empty() && model.modemSubModeName.empty()) {
-        text += Line("modem mode names",
-                     "none (the modem answers only ^SYSINFO, which carries no names)");
+        text += LabelledLine("modem mode names",
+                             "none (the modem answers only ^SYSINFO, which carries no names)");
     } else {
-        text += Line("modem mode names",
-                     (model.modemModeName.empty() ? "(none)" : model.modemModeName) + " / " +
-                         (model.modemSubModeName.empty() ? "(none)" : model.modemSubModeName));
+        text += LabelledLine(
+            "modem mode names",
+            (model.modemModeName.empty() ? "(none)" : model.modemModeName) + " / " +
+                (model.modemSubModeName.empty() ? "(none)" : model.modemSubModeName));
     }
     return text;
 }

@@ -1,5 +1,12 @@
 #include "ToolHost.h"
 
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <vector>
+
 #include "AtCodec/IProcessor.h"
 #include "Interface/DevDataDef.h"
 #include "Interface/IDeviceMgr.h"
@@ -45,11 +52,26 @@ ExitStatus ToolHost::StartSimulator(const std::string& profile, std::string* pDe
     } else if (!modemsim::LoadProfileFile(profile, &parsed, pError)) {
         return EXIT_USAGE;
     }
-    m_pSimulator.reset(new modemsim::Simulator(parsed));
-    if (!m_pSimulator->Start(pError)) {
+    // The simulated modem is reached through a link of its own, as a real one
+    // through its device node: when its port vanishes and comes back it gets
+    // a fresh pseudo-terminal, and the number of the old one may meanwhile
+    // belong to another program, which the processor must never reopen.
+    const char* pszTmp = std::getenv("TMPDIR");
+    std::string pattern = std::string(pszTmp != nullptr && *pszTmp != '\0' ? pszTmp : "/tmp") +
+                          "/netsrvctl-XXXXXX";
+    std::vector<char> dir(pattern.begin(), pattern.end());
+    dir.push_back('\0');
+    if (::mkdtemp(dir.data()) == nullptr) {
+        *pError = "cannot make a directory for the simulated modem in " + pattern + ": " +
+                  std::strerror(errno);
         return EXIT_NO_MODEM;
     }
-    *pDevicePath = m_pSimulator->SlavePath();
+    m_simulatorDir = dir.data();
+    m_pSimulator.reset(new modemsim::Simulator(parsed));
+    if (!m_pSimulator->Start(pError, m_simulatorDir + "/modem")) {
+        return EXIT_NO_MODEM;
+    }
+    *pDevicePath = m_simulatorDir + "/modem";
     return EXIT_OK;
 }
 
@@ -107,12 +129,21 @@ ExitStatus ToolHost::Start(const HostOptions& options, std::string* pError)
 void ToolHost::Stop()
 {
     m_pNetSrv = nullptr;
-    m_container.UnloadPlugin();
+    // The port goes first: a report may just have started one of the
+    // service's own threads (the domain check that a "+CREG" starts), and the
+    // unload waits for those. Closed, the processor fails their commands at
+    // once with AT_ERROR_PORT_CLOSED instead of letting them wait out the
+    // modem's answer.
     if (m_pProcessor) {
         m_pProcessor->Close();
     }
+    m_container.UnloadPlugin();
     if (m_pSimulator) {
-        m_pSimulator->Stop();
+        m_pSimulator->Stop();   // removes the link
+    }
+    if (!m_simulatorDir.empty()) {
+        ::rmdir(m_simulatorDir.c_str());
+        m_simulatorDir.clear();
     }
 }
 

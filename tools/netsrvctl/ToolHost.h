@@ -44,12 +44,16 @@ public:
 
     // Brings the host up; on failure returns the exit status and a one-line reason.
     ExitStatus Start(const HostOptions& options, std::string* pError);
-    // Unloads the plugin, closes the port and stops the simulator.
+    // Closes the port (failing the commands still pending), then unloads the
+    // plugin and stops the simulator.
     void Stop();
 
     INetSrv* NetSrv() { return m_pNetSrv; }
     IBasePlugin* Plugin() { return m_container.Plugin(); }
     host::CAtProcessor* Processor() { return m_pProcessor.get(); }
+    // Tells its receivers when the modem's port goes (EVENT_DEVICE_REJECT) and
+    // when it is open again (EVENT_DEVICE_INSERT, also once after Start).
+    host::CDeviceManager& DeviceManager() { return m_deviceManager; }
     modemsim::Simulator* Simulator() { return m_pSimulator.get(); }
     // The device kind the device service reports (a DevDataDef::PRODUCT_TYPE).
     int DeviceKind() { return m_deviceService.GetProductType(); }
@@ -59,6 +63,7 @@ private:
                               std::string* pError);
 
     std::unique_ptr<modemsim::Simulator> m_pSimulator;
+    std::string m_simulatorDir;   // holds the link to the simulated modem's port
     std::unique_ptr<host::CAtProcessor> m_pProcessor;
     host::CDeviceManager m_deviceManager;
     host::CDeviceService m_deviceService;

@@ -4,12 +4,16 @@
 
 #include <CLI/CLI.hpp>
 
+#include <climits>
 #include <cstdlib>
 #include <iostream>
 #include <string>
+#include <vector>
 
 #include "Commands.h"
+#include "OptionChecks.h"
 #include "SerialPort.h"
+#include "SimulateArgument.h"
 #include "ToolHost.h"
 #include "TraceSrv.h"
 
@@ -69,7 +73,8 @@ int main(int argc, char** argv)
     auto* pInfo = app.add_subcommand("plugin-info", "the identity of the plugin object");
     unsigned long lastErrType = 0;
     auto* pLastErr = app.add_subcommand("lasterr", "the modem's last error of a kind");
-    pLastErr->add_option("TYPE", lastErrType, "which kind of last error (default 0)");
+    pLastErr->add_option("TYPE", lastErrType, "which kind of last error, 0 to 255 (default 0)")
+        ->check(WholeNumberIn(0, 255, "must be a whole number from 0 to 255"));
     auto* pAddress =
         app.add_subcommand("address", "IPv4, DNS and IPv6 addresses of the current data link");
     auto* pStatus = app.add_subcommand(
@@ -80,18 +85,42 @@ int main(int argc, char** argv)
     MonitorOptions monitor;
     auto* pMonitor = app.add_subcommand(
         "monitor", "print the service's events as they arrive");
-    pMonitor->add_option("--count", monitor.count, "stop after N lines")
-        ->check(CLI::NonNegativeNumber);
-    pMonitor->add_option("--timeout", monitor.timeoutS, "stop after S seconds")
-        ->check(CLI::NonNegativeNumber);
+    pMonitor->add_option("--count", monitor.count, "stop after N lines; 0 (the default): no limit")
+        ->type_name("N")
+        ->check(WholeNumberIn(0, INT_MAX, "must be a whole number, 0 or more"));
+    pMonitor
+        ->add_option("--timeout", monitor.timeoutS,
+                     "stop after S seconds; 0 (the default): no limit")
+        ->type_name("S")
+        ->check(Seconds("must be a number of seconds, 0 or more"));
     pMonitor->add_flag("--raw", monitor.raw,
                        "also print the modem's reports as the service receives them");
 
+    std::vector<std::string> args(argc > 0 ? argv + 1 : argv, argv + argc);
+    std::vector<std::string> commands;
+    for (const CLI::App* pCommand : app.get_subcommands({})) {
+        commands.push_back(pCommand->get_name());
+    }
+    std::string simulateError;
+    if (!SettleSimulateProfile(&args, commands, &simulateError)) {
+        std::cerr << "netsrvctl: " << simulateError << "\n";
+        return EXIT_USAGE;
+    }
+    char programName[] = "netsrvctl";
+    std::vector<char*> settledArgv = {argc > 0 ? argv[0] : programName};
+    for (std::string& arg : args) {
+        settledArgv.push_back(&arg[0]);
+    }
+
     try {
-        app.parse(argc, argv);
+        app.parse(static_cast<int>(settledArgv.size()), settledArgv.data());
     } catch (const CLI::ParseError& e) {
-        const int code = app.exit(e);
-        return code == 0 ? EXIT_OK : EXIT_USAGE;
+        if (e.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
+            return app.exit(e);   // --help
+        }
+        // One line, as every error of the tool.
+        std::cerr << "netsrvctl: " << e.what() << " (see --help)\n";
+        return EXIT_USAGE;
     }
 
     host.simulate = pSimulate->count() > 0;
