@@ -53,9 +53,7 @@ Reply HandleSysinfoBare(const Profile&, ModemState& state, const AtRequest&)
 // service stays as it is. The answer is a bare OK.
 Reply HandleRegisterSet(const Profile& profile, ModemState& state, const AtRequest& request)
 {
-    const std::vector<std::string> args = SplitArgs(request.args);
-    const std::optional<int32_t> on = args.size() == 1 ? ParseNumberArg(args[0], 0, 1)
-                                                       : std::nullopt;
+    const std::optional<int32_t> on = ParseSingleNumberArg(request.args, 0, 1);
     if (!on) {
         return CmeErrorReply(state, kCmeIncorrectParameters);
     }
