@@ -167,11 +167,14 @@ Response FilledByTheProcessor(const std::string& profileName, const std::string&
 
 TEST(ModemSimEngineTest, AnswersFillTheServiceResponsesThroughTheProcessor)
 {
-    // A quoted location arrives as bare text, the numbers around it intact.
+    // Quoted location and subnet arrive as bare text, the numbers around them intact.
     auto cereg = FilledByTheProcessor<QueryLTEPSRegStateRsp>("lte", "AT+CEREG?");
     EXPECT_EQ(cereg.LacCode.ToString(), "CE00");
     EXPECT_EQ(cereg.CellID.ToString(), "01CEAD8F");
     EXPECT_EQ(cereg.ActType.GetNumValue(), 7u);
+    auto sid = FilledByTheProcessor<ReadCurrNetworkIDRsp>("cdma", "AT^CURRSID?");
+    EXPECT_EQ(sid.SubNetID.ToString(), "0A1B2C3D");
+    EXPECT_EQ(FilledByTheProcessor<PrlVerReadRsp>("cdma", "AT^PRLVER?").ver.ToString(), "10012");
 }
 
 TEST(ModemSimEngineTest, EchoErrorModeAndTheUnsupportedList)

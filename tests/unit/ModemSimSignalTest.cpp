@@ -1,5 +1,5 @@
-// The simulated modem's system information, registration and signal answers
-// per shipped profile, the reports its timeline builds from the state, and
+// The simulated modem's system information, registration, signal and CDMA
+// answers per shipped profile, the reports its timeline builds from the state, and
 // state changes showing up in what it says next.
 #include <gtest/gtest.h>
 
@@ -131,9 +131,9 @@ TEST(ModemSimSignalTest, RegisterTakesTheModemOffTheNetworkAndBack)
     EXPECT_EQ(fresh.network.serviceStatus, 2);
 }
 
-// Registration, packet attach and the HSPA switches, read from the state and
-// set; a chained line sets, then reads what the set changed.
-TEST(ModemSimSignalTest, RegistrationAttachAndHspaAnswerFromTheState)
+// Registration, packet attach, the HSPA switches and the CDMA settings, read
+// from the state and set; a chained line sets, then reads what the set changed.
+TEST(ModemSimSignalTest, RegistrationAttachHspaAndCdmaAnswerFromTheState)
 {
     ExpectAnswers({
         {"lte", "AT+CREG?", {"+CREG: 2,1,\"CE00\",\"01CEAD8F\"", "OK"}},
@@ -160,10 +160,38 @@ TEST(ModemSimSignalTest, RegistrationAttachAndHspaAnswerFromTheState)
         {"wcdma", "AT^REGISTER=0;+CGATT=0;+CGATT=1;^SYSINFO", {"^SYSINFO:0,0,0,0,1,,0", "OK"}},
         {"lte", "AT+CGATT=2", {"ERROR"}},
         {"cdma", "AT+CGATT?", {kNo}},
+        {"cdma", "AT^PREFMODE?", {"^PREFMODE:8", "OK"}},
+        {"cdma", "AT^PREFMODE=?", {"^PREFMODE:(2,4,8)", "OK"}},
+        {"cdma", "AT^PREFMODE=4;^PREFMODE?", {"^PREFMODE:4", "OK"}},
+        {"cdma", "AT^PREFMODE=3", {"ERROR"}},
+        {"cdma", "AT^EVDOREV?", {"^EVDOREV: 0", "OK"}},
+        {"cdma", "AT^EVDOREV=2;^EVDOREV?", {"^EVDOREV: 2", "OK"}},
+        {"cdma", "AT+CMEE=1;^EVDOREV=3", {"+CME ERROR: 50"}},
+        {"cdma", "AT^SNAM?", {"^SNAM: 0", "OK"}},
+        {"cdma", "AT^SNAM=1;^SNAM?", {"^SNAM: 1", "OK"}},
+        {"cdma", "AT^REG=1234567890", {"OK"}},
+        {"cdma", "AT^REG=\"460030912121001\"", {"OK"}},
+        {"cdma", "AT+CMEE=2;^REG=12345678a0", {"+CME ERROR: Incorrect parameters"}},
+        {"cdma", "AT^PRLVER?", {"^PRLVER: \"10012\"", "OK"}},
+        {"cdma", "AT^KTFSIMTYPE?", {"^KTFSIMTYPE: 1", "OK"}},
+        {"cdma", "AT^CURRSID?", {"^CURRSID: 13824,65535,\"0A1B2C3D\"", "OK"}},
+        {"lte", "AT^PREFMODE?", {kNo}},
+        {"wcdma", "AT^REG=1234567890", {kNo}},
         {"lte", "AT^HSDPA?", {"^HSDPA: 1", "OK"}},
         {"wcdma", "AT^HSUPA=0;^HSUPA?;^HSDPA?", {"^HSUPA: 0", "^HSDPA: 1", "OK"}},
         {"lte", "AT+CMEE=1;^HSDPA=2", {"+CME ERROR: 50"}},
     });
+    // ^REG keeps the MIN it took, and keeps it through a refused one. A 3GPP
+    // modem whose list forgets a CDMA command has no section to answer from.
+    Profile profile = Shipped("cdma");
+    ModemState state = profile.initial;
+    Ask(profile, state, "AT^REG=\"460030912121001\";^REG=123");
+    EXPECT_EQ(state.cdma->registeredMin, "460030912121001");
+    profile = Shipped("lte");
+    profile.unsupported.clear();
+    state = profile.initial;
+    EXPECT_EQ(Ask(profile, state, "AT^PRLVER?"), Framed({kNo}));
+
     // A modem with the packet domain alone has none left after a detach.
     const Profile lte = Shipped("lte");
     ModemState psOnly = lte.initial;

@@ -1,9 +1,9 @@
 // The handlers of the command table, one group per file: general commands
 // (GeneralCommands.cpp), network configuration (ConfigCommands.cpp), system
 // information and attachment (NetworkStateCommands.cpp), registration reports
-// (RegistrationCommands.cpp), signal readings (SignalCommands.cpp). A
-// handler that serves several names ("+CREG", "+CGREG") tells them apart by
-// the request's name.
+// (RegistrationCommands.cpp), signal readings (SignalCommands.cpp), CDMA
+// (CdmaCommands.cpp). A handler that serves several names ("+CREG", "+CGREG")
+// tells them apart by the request's name.
 #ifndef MODEMSIM_COMMANDHANDLERS_H
 #define MODEMSIM_COMMANDHANDLERS_H
 
@@ -50,6 +50,14 @@ Reply HandleLteRsrpRead(const Profile& profile, ModemState& state, const AtReque
 Reply HandleLteScInfoRead(const Profile& profile, ModemState& state, const AtRequest& request);
 Reply HandleCsqlvlBare(const Profile& profile, ModemState& state, const AtRequest& request);
 Reply HandleHdrcsqlvlBare(const Profile& profile, ModemState& state, const AtRequest& request);
+
+// CDMA
+Reply HandleCdmaSettingRead(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleCdmaSettingSet(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandlePrefmodeTest(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleRegMinSet(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandlePrlverRead(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleCurrsidRead(const Profile& profile, ModemState& state, const AtRequest& request);
 
 }  // namespace modemsim
 

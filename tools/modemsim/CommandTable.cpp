@@ -77,6 +77,17 @@ const std::vector<CommandRow>& CommandRows()
         {"^LTESCINFO", AtForm::Read, HandleLteScInfoRead},
         {"^CSQLVL", AtForm::Bare, HandleCsqlvlBare},
         {"^HDRCSQLVL", AtForm::Bare, HandleHdrcsqlvlBare},
+        {"^PREFMODE", AtForm::Read, HandleCdmaSettingRead},
+        {"^PREFMODE", AtForm::Test, HandlePrefmodeTest},
+        {"^PREFMODE", AtForm::Set, HandleCdmaSettingSet},
+        {"^EVDOREV", AtForm::Read, HandleCdmaSettingRead},
+        {"^EVDOREV", AtForm::Set, HandleCdmaSettingSet},
+        {"^SNAM", AtForm::Read, HandleCdmaSettingRead},
+        {"^SNAM", AtForm::Set, HandleCdmaSettingSet},
+        {"^KTFSIMTYPE", AtForm::Read, HandleCdmaSettingRead},
+        {"^REG", AtForm::Set, HandleRegMinSet},
+        {"^PRLVER", AtForm::Read, HandlePrlverRead},
+        {"^CURRSID", AtForm::Read, HandleCurrsidRead},
     };
     return rows;
 }
