@@ -23,6 +23,7 @@
 #include "ModemEngine.h"
 #include "ModemSimulator.h"
 #include "NetSrvAtCommonds.h"
+#include "ResponseFill.h"
 #include "TempDir.h"
 #include "Timeline.h"
 #include "WaitUntil.h"
@@ -145,6 +146,35 @@ TEST(ModemSimEngineTest, AnswersToOneCommandLine)
         EXPECT_EQ(answer.text, row.answer);
         EXPECT_EQ(answer.echo, std::string(row.line) + "\r");
     }
+}
+
+// The first information line of the answer, after its "NAME:", split by the
+// real processor and filled into the service's response as it fills it.
+template <typename Response>
+Response FilledByTheProcessor(const std::string& profileName, const std::string& line)
+{
+    const Profile profile = BuiltIn(profileName);
+    modemsim::ModemState state = profile.initial;
+    const std::string text = modemsim::AnswerCommandLine(profile, state, line).text;
+    const std::size_t colon = text.find(':');
+    Response rsp;   // left empty, and so failing the checks, without an information line
+    if (colon != std::string::npos) {
+        const std::size_t end = text.find("\r\n", colon);
+        host::FillResponse(rsp, host::InfoFields(text.substr(colon + 1, end - colon - 1), false));
+    }
+    return rsp;
+}
+
+TEST(ModemSimEngineTest, AnswersFillTheServiceResponsesThroughTheProcessor)
+{
+    // Quoted location and subnet arrive as bare text, the numbers around them intact.
+    auto cereg = FilledByTheProcessor<QueryLTEPSRegStateRsp>("lte", "AT+CEREG?");
+    EXPECT_EQ(cereg.LacCode.ToString(), "CE00");
+    EXPECT_EQ(cereg.CellID.ToString(), "01CEAD8F");
+    EXPECT_EQ(cereg.ActType.GetNumValue(), 7u);
+    auto sid = FilledByTheProcessor<ReadCurrNetworkIDRsp>("cdma", "AT^CURRSID?");
+    EXPECT_EQ(sid.SubNetID.ToString(), "0A1B2C3D");
+    EXPECT_EQ(FilledByTheProcessor<PrlVerReadRsp>("cdma", "AT^PRLVER?").ver.ToString(), "10012");
 }
 
 TEST(ModemSimEngineTest, EchoErrorModeAndTheUnsupportedList)

@@ -161,6 +161,11 @@ TEST(ModemSimProfileTest, MalformedProfilesAreRejectedWithOneLineNamingFileField
                                        "\"test\": \"(2)\"}}",
          "t.json: configuration.syscfg.band: invalid value \"3FFG\": expected 1 to 16 "
          "hexadecimal digits"},
+        {"MIN neither 10 nor 15 digits", "/cdma",
+         "{\"prefmode\": 8, \"evdo_revision\": 0, \"nam\": 0, \"prl_version\": \"1\", "
+         "\"sid\": 1, \"nid\": 1, \"registered_min\": \"12345678901\"}",
+         "t.json: cdma.registered_min: invalid value \"12345678901\": expected 10 or 15 digits, "
+         "or empty"},
         {"section of wrong type", "/configuration", "{\"sysconfig\": []}",
          "t.json: configuration.sysconfig: wrong type: expected an object, got an array"},
         {"control byte in a line", "/timeline/0/send", "\"^RSSI:2\\r\"",

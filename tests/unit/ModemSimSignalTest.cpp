@@ -1,5 +1,5 @@
-// The simulated modem's system information, registration and signal answers
-// per shipped profile, the reports its timeline builds from the state, and
+// The simulated modem's system information, registration, signal and CDMA
+// answers per shipped profile, the reports its timeline builds from the state, and
 // state changes showing up in what it says next.
 #include <gtest/gtest.h>
 
@@ -49,16 +49,30 @@ std::string Ask(const Profile& profile, ModemState& state, const std::string& li
     return modemsim::AnswerCommandLine(profile, state, line).text;
 }
 
+constexpr char kNo[] = "COMMAND NOT SUPPORT";
+
+struct AnswerRow {
+    const char* profile;
+    const char* line;
+    std::vector<std::string> answer;   // information lines, then the final result
+};
+
+// Each row on a fresh modem of its profile.
+void ExpectAnswers(const std::vector<AnswerRow>& rows)
+{
+    for (const AnswerRow& row : rows) {
+        SCOPED_TRACE(std::string(row.profile) + " " + row.line);
+        const Profile profile = Shipped(row.profile);
+        ModemState state = profile.initial;
+        EXPECT_EQ(Ask(profile, state, row.line), Framed(row.answer));
+    }
+}
+
 // Each answer's form once; which profile lacks which command, and the values
 // each one reads, show in the end-to-end views of every shipped profile.
 TEST(ModemSimSignalTest, EachProfileAnswersAsItsKindOfModem)
 {
-    const char* const kNo = "COMMAND NOT SUPPORT";
-    const struct {
-        const char* profile;
-        const char* line;
-        std::vector<std::string> answer;
-    } rows[] = {
+    ExpectAnswers({
         {"lte", "AT^SYSINFOEX", {"^SYSINFOEX: 2,3,0,1,0,6,\"LTE\",101,\"LTE\"", "OK"}},
         {"lte", "AT^SYSINFO", {"^SYSINFO:2,3,0,17,1", "OK"}},
         {"lte", "AT^HCSQ?", {"^HCSQ: \"LTE\",52,46,191,22", "OK"}},
@@ -79,13 +93,7 @@ TEST(ModemSimSignalTest, EachProfileAnswersAsItsKindOfModem)
         {"cdma", "AT^CSQLVL", {"^CSQLVL: 60,99", "OK"}},
         {"cdma", "AT^HDRCSQLVL", {"^HDRCSQLVL: 60", "OK"}},
         {"cdma", "AT^HCSQ?", {kNo}},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(std::string(row.profile) + " " + row.line);
-        const Profile profile = Shipped(row.profile);
-        ModemState state = profile.initial;
-        EXPECT_EQ(Ask(profile, state, row.line), Framed(row.answer));
-    }
+    });
 }
 
 TEST(ModemSimSignalTest, RegisterTakesTheModemOffTheNetworkAndBack)
@@ -123,23 +131,104 @@ TEST(ModemSimSignalTest, RegisterTakesTheModemOffTheNetworkAndBack)
     EXPECT_EQ(fresh.network.serviceStatus, 2);
 }
 
+// Registration, packet attach, the HSPA switches and the CDMA settings, read
+// from the state and set; a chained line sets, then reads what the set changed.
+TEST(ModemSimSignalTest, RegistrationAttachHspaAndCdmaAnswerFromTheState)
+{
+    ExpectAnswers({
+        {"lte", "AT+CREG?", {"+CREG: 2,1,\"CE00\",\"01CEAD8F\"", "OK"}},
+        {"lte", "AT+CGREG?", {"+CGREG: 2,1,\"CE00\",\"01CEAD8F\",7", "OK"}},
+        {"lte", "AT+CEREG?", {"+CEREG: 2,1,\"CE00\",\"01CEAD8F\",7", "OK"}},
+        {"tdscdma", "AT+CGREG?", {"+CGREG: 2,1,\"18D8\",\"2A7B\",2", "OK"}},
+        {"lte", "AT+CREG=1;+CREG?;+CGREG?",
+         {"+CREG: 1,1", "+CGREG: 2,1,\"CE00\",\"01CEAD8F\",7", "OK"}},
+        {"lte", "AT+CEREG=0;+CEREG?", {"+CEREG: 0,1", "OK"}},
+        {"lte", "AT+CREG=3", {"ERROR"}},
+        {"lte", "AT+CMEE=1;+CGREG=1,2", {"+CME ERROR: 50"}},
+        {"wcdma", "AT+CEREG?", {kNo}},
+        {"lte", "AT+CGATT?", {"+CGATT: 1", "OK"}},
+        // Detached: CS alone, no packet registration; attached again: as before.
+        {"lte", "AT+CGATT=0;+CGATT?;^SYSINFOEX;+CREG?;+CGREG?;+CEREG?",
+         {"+CGATT: 0", "^SYSINFOEX: 2,1,0,1,0,6,\"LTE\",101,\"LTE\"",
+          "+CREG: 2,1,\"CE00\",\"01CEAD8F\"", "+CGREG: 2,0", "+CEREG: 2,0", "OK"}},
+        {"lte", "AT+CGATT=0;+CGATT=0;+CGATT=1;+CGATT?;^SYSINFOEX;+CEREG?",
+         {"+CGATT: 1", "^SYSINFOEX: 2,3,0,1,0,6,\"LTE\",101,\"LTE\"",
+          "+CEREG: 2,1,\"CE00\",\"01CEAD8F\",7", "OK"}},
+        // Registering again keeps a detach; attaching without service waits for it.
+        {"wcdma", "AT+CGATT=0;^REGISTER=0;^REGISTER=1;^SYSINFO;+CGREG?",
+         {"^SYSINFO:2,1,0,5,1,,9", "+CGREG: 2,0", "OK"}},
+        {"wcdma", "AT^REGISTER=0;+CGATT=0;+CGATT=1;^SYSINFO", {"^SYSINFO:0,0,0,0,1,,0", "OK"}},
+        {"lte", "AT+CGATT=2", {"ERROR"}},
+        {"cdma", "AT+CGATT?", {kNo}},
+        {"cdma", "AT^PREFMODE?", {"^PREFMODE:8", "OK"}},
+        {"cdma", "AT^PREFMODE=?", {"^PREFMODE:(2,4,8)", "OK"}},
+        {"cdma", "AT^PREFMODE=4;^PREFMODE?", {"^PREFMODE:4", "OK"}},
+        {"cdma", "AT^PREFMODE=3", {"ERROR"}},
+        {"cdma", "AT^EVDOREV?", {"^EVDOREV: 0", "OK"}},
+        {"cdma", "AT^EVDOREV=2;^EVDOREV?", {"^EVDOREV: 2", "OK"}},
+        {"cdma", "AT+CMEE=1;^EVDOREV=3", {"+CME ERROR: 50"}},
+        {"cdma", "AT^SNAM?", {"^SNAM: 0", "OK"}},
+        {"cdma", "AT^SNAM=1;^SNAM?", {"^SNAM: 1", "OK"}},
+        {"cdma", "AT^REG=1234567890", {"OK"}},
+        {"cdma", "AT^REG=\"460030912121001\"", {"OK"}},
+        {"cdma", "AT+CMEE=2;^REG=12345678a0", {"+CME ERROR: Incorrect parameters"}},
+        {"cdma", "AT^PRLVER?", {"^PRLVER: \"10012\"", "OK"}},
+        {"cdma", "AT^KTFSIMTYPE?", {"^KTFSIMTYPE: 1", "OK"}},
+        {"cdma", "AT^CURRSID?", {"^CURRSID: 13824,65535,\"0A1B2C3D\"", "OK"}},
+        {"lte", "AT^PREFMODE?", {kNo}},
+        {"wcdma", "AT^REG=1234567890", {kNo}},
+        {"lte", "AT^HSDPA?", {"^HSDPA: 1", "OK"}},
+        {"wcdma", "AT^HSUPA=0;^HSUPA?;^HSDPA?", {"^HSUPA: 0", "^HSDPA: 1", "OK"}},
+        {"lte", "AT+CMEE=1;^HSDPA=2", {"+CME ERROR: 50"}},
+    });
+    // ^REG keeps the MIN it took, and keeps it through a refused one. A 3GPP
+    // modem whose list forgets a CDMA command has no section to answer from.
+    Profile profile = Shipped("cdma");
+    ModemState state = profile.initial;
+    Ask(profile, state, "AT^REG=\"460030912121001\";^REG=123");
+    EXPECT_EQ(state.cdma->registeredMin, "460030912121001");
+    profile = Shipped("lte");
+    profile.unsupported.clear();
+    state = profile.initial;
+    EXPECT_EQ(Ask(profile, state, "AT^PRLVER?"), Framed({kNo}));
+
+    // A modem with the packet domain alone has none left after a detach.
+    const Profile lte = Shipped("lte");
+    ModemState psOnly = lte.initial;
+    psOnly.network.serviceDomain = 2;
+    EXPECT_EQ(Ask(lte, psOnly, "AT+CGATT=0;^SYSINFO"), Framed({"^SYSINFO:2,0,0,17,1", "OK"}));
+}
+
 TEST(ModemSimSignalTest, ReportsAreBuiltFromTheState)
 {
     // The shipped profiles' own reports show in their timelines, below.
-    // A hybrid modem reports each radio in use; registration without a known
-    // cell has no location, with an access technology it is appended.
+    // A hybrid modem reports each radio in use.
     ModemState state = Shipped("lte").initial;
     state.signal.hcsq = {{"CDMA", {40, 20}}, {"EVDO", {35, 18, 120}}};
-    state.network.creg = {};
-    state.network.creg.stat = 1;
-    state.network.cgreg.act = 7;
     state.sim.refreshFileType = 3;
     EXPECT_EQ(modemsim::RenderReport(ReportKind::Hcsq, state),
               (std::vector<std::string>{"^HCSQ:\"CDMA\",40,20", "^HCSQ:\"EVDO\",35,18,120"}));
-    EXPECT_EQ(modemsim::RenderReport(ReportKind::Creg, state),
-              std::vector<std::string>{"+CREG: 1"});
-    EXPECT_EQ(modemsim::RenderReport(ReportKind::Cgreg, state),
-              std::vector<std::string>{"+CGREG: 1,\"CE00\",\"01CEAD8F\",7"});
+
+    // Registration reports say as much as the mode AT+CREG=<n> stored asks;
+    // the cause of a rejection keeps its place behind fields not known.
+    const struct {
+        modemsim::RegistrationInfo domain;   // mode, stat, lac, ci, act, cause type, cause
+        std::vector<std::string> report;
+    } registrations[] = {
+        {{2, 1, "CE00", "01CEAD8F", 7, {}, {}}, {"+CEREG: 1,\"CE00\",\"01CEAD8F\",7"}},
+        {{2, 1, "", "", 7, {}, {}}, {"+CEREG: 1"}},
+        {{1, 1, "CE00", "01CEAD8F", 7, {}, {}}, {"+CEREG: 1"}},
+        {{0, 1, "CE00", "01CEAD8F", 7, {}, {}}, {}},
+        {{3, 3, "CE00", "01CEAD8F", 7, 0, 15}, {"+CEREG: 3,\"CE00\",\"01CEAD8F\",7,0,15"}},
+        {{3, 3, "CE00", "01CEAD8F", {}, 0, 15}, {"+CEREG: 3,\"CE00\",\"01CEAD8F\",,0,15"}},
+        {{3, 0, "", "", 7, 0, 15}, {"+CEREG: 0,,,,0,15"}},
+    };
+    for (const auto& row : registrations) {
+        ModemState reg = state;
+        reg.network.cereg = row.domain;
+        EXPECT_EQ(modemsim::RenderReport(ReportKind::Cereg, reg), row.report)
+            << (row.report.empty() ? "none" : row.report.front());
+    }
     EXPECT_EQ(modemsim::RenderReport(ReportKind::SimRefresh, state),
               std::vector<std::string>{"^SIMREFRESH:3"});
     state.network.serviceStatus = 4;
@@ -205,7 +294,8 @@ TEST(ModemSimSignalTest, ReportNamesAreCheckedWhenTheProfileIsRead)
     document["timeline"][1] = {{"at_ms", 5}, {"report", "^RSSIX"}};
     EXPECT_FALSE(modemsim::ParseProfile(document.dump(), "t.json", &profile, &error));
     EXPECT_EQ(error, "t.json: timeline[1].report: invalid value \"^RSSIX\": expected one of "
-                     "^RSSI, ^RSSILVL, ^HRSSILVL, ^ANLEVEL, ^SRVST, ^MODE, +CREG, +CGREG, ^HCSQ, "
+                     "^RSSI, ^RSSILVL, ^HRSSILVL, ^ANLEVEL, ^SRVST, ^MODE, +CREG, +CGREG, +CEREG, "
+                     "^HCSQ, "
                      "^SIMREFRESH, ^PNNFILEREFRESH");
 
     document["timeline"][1] = {{"at_ms", 5}, {"report", "^SIMREFRESH"}};

@@ -1,7 +1,9 @@
 // The handlers of the command table, one group per file: general commands
 // (GeneralCommands.cpp), network configuration (ConfigCommands.cpp), system
-// information and registration (NetworkStateCommands.cpp), signal readings
-// (SignalCommands.cpp).
+// information and attachment (NetworkStateCommands.cpp), registration reports
+// (RegistrationCommands.cpp), signal readings (SignalCommands.cpp), CDMA
+// (CdmaCommands.cpp). A handler that serves several names ("+CREG", "+CGREG")
+// tells them apart by the request's name.
 #ifndef MODEMSIM_COMMANDHANDLERS_H
 #define MODEMSIM_COMMANDHANDLERS_H
 
@@ -24,11 +26,19 @@ Reply HandleSyscfgexRead(const Profile& profile, ModemState& state, const AtRequ
 Reply HandleSyscfgexTest(const Profile& profile, ModemState& state, const AtRequest& request);
 Reply HandleSysconfigRead(const Profile& profile, ModemState& state, const AtRequest& request);
 Reply HandleSysconfigTest(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleHspaRead(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleHspaSet(const Profile& profile, ModemState& state, const AtRequest& request);
 
-// System information and registration
+// System information and attachment
 Reply HandleSysinfoexBare(const Profile& profile, ModemState& state, const AtRequest& request);
 Reply HandleSysinfoBare(const Profile& profile, ModemState& state, const AtRequest& request);
 Reply HandleRegisterSet(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleCgattRead(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleCgattSet(const Profile& profile, ModemState& state, const AtRequest& request);
+
+// Registration (+CREG, +CGREG, +CEREG)
+Reply HandleRegistrationRead(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleRegistrationSet(const Profile& profile, ModemState& state, const AtRequest& request);
 
 // Signal readings
 Reply HandleCsqBare(const Profile& profile, ModemState& state, const AtRequest& request);
@@ -40,6 +50,14 @@ Reply HandleLteRsrpRead(const Profile& profile, ModemState& state, const AtReque
 Reply HandleLteScInfoRead(const Profile& profile, ModemState& state, const AtRequest& request);
 Reply HandleCsqlvlBare(const Profile& profile, ModemState& state, const AtRequest& request);
 Reply HandleHdrcsqlvlBare(const Profile& profile, ModemState& state, const AtRequest& request);
+
+// CDMA
+Reply HandleCdmaSettingRead(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleCdmaSettingSet(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandlePrefmodeTest(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleRegMinSet(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandlePrlverRead(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleCurrsidRead(const Profile& profile, ModemState& state, const AtRequest& request);
 
 }  // namespace modemsim
 

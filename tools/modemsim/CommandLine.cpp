@@ -193,4 +193,13 @@ std::optional<int32_t> ParseNumberArg(std::string_view field, int32_t lo, int32_
     return value;
 }
 
+std::optional<int32_t> ParseSingleNumberArg(std::string_view args, int32_t lo, int32_t hi)
+{
+    const std::vector<std::string> fields = SplitArgs(args);
+    if (fields.size() != 1) {
+        return std::nullopt;
+    }
+    return ParseNumberArg(fields[0], lo, hi);
+}
+
 }  // namespace modemsim

@@ -40,6 +40,10 @@ std::vector<std::string> SplitArgs(std::string_view args);
 // A decimal field within lo..hi, or nothing.
 std::optional<int32_t> ParseNumberArg(std::string_view field, int32_t lo, int32_t hi);
 
+// The value of a set command that takes one number ("AT+CGATT=1"): the only
+// field of args within lo..hi, or nothing when there is not exactly one such.
+std::optional<int32_t> ParseSingleNumberArg(std::string_view args, int32_t lo, int32_t hi);
+
 }  // namespace modemsim
 
 #endif

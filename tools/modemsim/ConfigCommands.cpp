@@ -1,6 +1,7 @@
 // Network mode and band configuration: ^SYSCFG (3GPP modems), ^SYSCFGEX (LTE
 // modems), ^SYSCONFIG (TD-SCDMA modems). A modem without the command has no
 // section for it in its configuration and answers "COMMAND NOT SUPPORT".
+// Also the HSPA switches ^HSDPA and ^HSUPA of WCDMA and TD-SCDMA modems.
 
 #include "CommandHandlers.h"
 
@@ -11,6 +12,12 @@ namespace {
 std::string Num(int32_t value)
 {
     return std::to_string(value);
+}
+
+// The command table sends ^HSDPA and ^HSUPA here; the name picks the switch.
+int32_t& HspaSwitchOf(NetworkState& network, const std::string& name)
+{
+    return name == "^HSUPA" ? network.hsupa : network.hsdpa;
 }
 
 }  // namespace
@@ -71,6 +78,22 @@ Reply HandleSysconfigTest(const Profile&, ModemState& state, const AtRequest&)
         return NotSupportedReply();
     }
     return OkReply({"^SYSCONFIG: " + state.configuration.sysconfig->test});
+}
+
+// "^HSDPA: 1": 1 on, 0 off (^HSUPA alike).
+Reply HandleHspaRead(const Profile&, ModemState& state, const AtRequest& request)
+{
+    return OkReply({request.name + ": " + Num(HspaSwitchOf(state.network, request.name))});
+}
+
+Reply HandleHspaSet(const Profile&, ModemState& state, const AtRequest& request)
+{
+    const std::optional<int32_t> on = ParseSingleNumberArg(request.args, 0, 1);
+    if (!on) {
+        return CmeErrorReply(state, kCmeIncorrectParameters);
+    }
+    HspaSwitchOf(state.network, request.name) = *on;
+    return OkReply();
 }
 
 }  // namespace modemsim

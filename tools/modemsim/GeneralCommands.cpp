@@ -58,9 +58,7 @@ Reply HandleGcap(const Profile& profile, ModemState&, const AtRequest&)
 // happened reads as code 0.
 Reply HandleGlasterrSet(const Profile&, ModemState& state, const AtRequest& request)
 {
-    const std::vector<std::string> args = SplitArgs(request.args);
-    std::optional<int32_t> type = args.size() == 1 ? ParseNumberArg(args[0], 0, 255)
-                                                   : std::nullopt;
+    const std::optional<int32_t> type = ParseSingleNumberArg(request.args, 0, 255);
     if (!type) {
         return CmeErrorReply(state, kCmeIncorrectParameters);
     }

@@ -35,6 +35,7 @@ enum class ReportKind {
     Mode,            // "^MODE:5,9"
     Creg,            // "+CREG: 1,"84CD","00D30156""
     Cgreg,           // "+CGREG: 1,"84CD","00D30156""
+    Cereg,           // "+CEREG: 1,"CE00","01CEAD8F",7"
     Hcsq,            // "^HCSQ:"LTE",52,46,191,22"
     SimRefresh,      // "^SIMREFRESH:0"
     PnnFileRefresh   // "^PNNFILEREFRESH"

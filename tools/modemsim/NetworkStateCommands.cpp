@@ -1,6 +1,6 @@
 // Where the modem is camped: ^SYSINFOEX (newer firmware), ^SYSINFO (every
-// data card of the family) and ^REGISTER, which takes the modem off the
-// network and back.
+// data card of the family), ^REGISTER, which takes the modem off the network
+// and back, and +CGATT, which does the same for the packet domain alone.
 
 #include "CommandHandlers.h"
 
@@ -16,6 +16,25 @@ std::string Num(int32_t value)
 constexpr int32_t kServiceNone = 0;
 // How ^SYSINFOEX names the mode and sub-mode 0.
 constexpr char kNoServiceName[] = "NO SERVICE";
+
+// ^SYSINFO / ^SYSINFOEX service domains.
+constexpr int32_t kDomainNone = 0;
+constexpr int32_t kDomainCs = 1;
+constexpr int32_t kDomainPs = 2;
+constexpr int32_t kDomainCsPs = 3;
+
+// A detached modem keeps its circuit-switched service: CS and PS becomes CS
+// alone, PS alone becomes none; and it is registered in no packet domain.
+void DropPacketDomain(NetworkState& net)
+{
+    if (net.serviceDomain == kDomainCsPs) {
+        net.serviceDomain = kDomainCs;
+    } else if (net.serviceDomain == kDomainPs) {
+        net.serviceDomain = kDomainNone;
+    }
+    net.cgreg.stat = 0;
+    net.cereg.stat = 0;
+}
 
 }  // namespace
 
@@ -53,9 +72,7 @@ Reply HandleSysinfoBare(const Profile&, ModemState& state, const AtRequest&)
 // service stays as it is. The answer is a bare OK.
 Reply HandleRegisterSet(const Profile& profile, ModemState& state, const AtRequest& request)
 {
-    const std::vector<std::string> args = SplitArgs(request.args);
-    const std::optional<int32_t> on = args.size() == 1 ? ParseNumberArg(args[0], 0, 1)
-                                                       : std::nullopt;
+    const std::optional<int32_t> on = ParseSingleNumberArg(request.args, 0, 1);
     if (!on) {
         return CmeErrorReply(state, kCmeIncorrectParameters);
     }
@@ -84,6 +101,42 @@ Reply HandleRegisterSet(const Profile& profile, ModemState& state, const AtReque
         net.cgreg.stat = home.cgreg.stat;
         net.cereg.stat = home.cereg.stat;
         net.registered = home.registered;
+        // Registering again does not undo an AT+CGATT=0.
+        if (!net.psAttached) {
+            DropPacketDomain(net);
+        }
+    }
+    return OkReply();
+}
+
+Reply HandleCgattRead(const Profile&, ModemState& state, const AtRequest&)
+{
+    return OkReply({std::string("+CGATT: ") + (state.network.psAttached ? "1" : "0")});
+}
+
+// AT+CGATT=0 detaches from the packet domain, which ^SYSINFO, ^SYSINFOEX,
+// +CGREG and +CEREG then show. AT+CGATT=1 attaches again: a modem with service
+// gets the profile's packet registration back; one without service only
+// remembers the wish until ^REGISTER=1. Either is a bare OK, also when the
+// modem already is as asked (and then nothing changes).
+Reply HandleCgattSet(const Profile& profile, ModemState& state, const AtRequest& request)
+{
+    const std::optional<int32_t> attach = ParseSingleNumberArg(request.args, 0, 1);
+    if (!attach) {
+        return CmeErrorReply(state, kCmeIncorrectParameters);
+    }
+    NetworkState& net = state.network;
+    if (*attach == 0 && net.psAttached) {
+        net.psAttached = false;
+        DropPacketDomain(net);
+    } else if (*attach == 1 && !net.psAttached) {
+        net.psAttached = true;
+        if (net.serviceStatus != kServiceNone) {
+            const NetworkState& home = profile.initial.network;
+            net.serviceDomain = home.serviceDomain;
+            net.cgreg.stat = home.cgreg.stat;
+            net.cereg.stat = home.cereg.stat;
+        }
     }
     return OkReply();
 }

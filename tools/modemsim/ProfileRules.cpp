@@ -84,7 +84,10 @@ bool DelayKey(std::string_view t)
 bool Coding(std::string_view t) { return t == "gsm7" || t == "ucs2"; }
 bool Name(std::string_view t) { return t.size() <= 64 && AllOf(t, IsNameChar); }
 bool Line(std::string_view t) { return LengthWithin(t, 1, 2048) && AllOf(t, IsPrintable); }
-bool Digits(std::string_view t) { return t.size() <= 32 && AllOf(t, IsDigit); }
+bool Min(std::string_view t)
+{
+    return (t.empty() || t.size() == 10 || t.size() == 15) && AllOf(t, IsDigit);
+}
 bool Description(std::string_view t) { return t.size() <= 1024 && AllOf(t, IsPrintable); }
 
 }  // namespace
@@ -105,7 +108,7 @@ const TextRule kDelayKeyRule{
 const TextRule kCodingRule{"gsm7 or ucs2", Coding};
 const TextRule kNameRule{"at most 64 printable bytes without double quotes", Name};
 const TextRule kLineRule{"1 to 2048 printable bytes (no line breaks)", Line};
-const TextRule kDigitsRule{"at most 32 digits", Digits};
+const TextRule kMinRule{"10 or 15 digits, or empty", Min};
 const TextRule kDescriptionRule{"at most 1024 printable bytes", Description};
 
 bool SplitDelayKey(std::string_view key, std::string* pName, std::string* pForm)

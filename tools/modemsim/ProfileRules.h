@@ -22,7 +22,7 @@ extern const TextRule kDelayKeyRule;     // "+COPS=?", "^SYSCFG?", "+CGATT=", "+
 extern const TextRule kCodingRule;       // "gsm7" or "ucs2"
 extern const TextRule kNameRule;         // names a modem prints in double quotes
 extern const TextRule kLineRule;         // one line a modem sends
-extern const TextRule kDigitsRule;       // "", "1234567890"
+extern const TextRule kMinRule;          // a CDMA MIN or IMSI_M: "", "1234567890"
 extern const TextRule kDescriptionRule;
 
 // A name and form as they key the delay table: "+COPS=?" -> ("+COPS", "=?").

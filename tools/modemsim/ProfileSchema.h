@@ -264,7 +264,7 @@ void Describe(V& v, CdmaState& x)
     v.Number("sid", x.sid, 0, 65535);
     v.Number("nid", x.nid, 0, 65535);
     v.Text("subnet_id", x.subnetId, kNameRule, Need::Optional);
-    v.Text("registered_min", x.registeredMin, kDigitsRule, Need::Optional);
+    v.Text("registered_min", x.registeredMin, kMinRule, Need::Optional);
 }
 
 // The state fields sit at the top level of a profile, beside the fields that

@@ -14,6 +14,10 @@ constexpr int32_t kTdCsqUnknown = 199;
 constexpr int32_t kCsqUnknown = 99;
 constexpr int32_t kCsqMax = 31;
 
+// +CREG=<n>: 2 adds the location, 3 the cause of a rejection as well.
+constexpr int32_t kReportLocation = 2;
+constexpr int32_t kReportCause = 3;
+
 }  // namespace
 
 std::vector<std::string> HcsqTexts(const ModemState& state)
@@ -42,16 +46,34 @@ std::string ModeText(const ModeInfo& mode)
     return text;
 }
 
-std::string RegistrationReportText(const RegistrationInfo& registration)
+std::string RegistrationFields(const RegistrationInfo& registration)
 {
     std::string text = std::to_string(registration.stat);
-    // Not registered and not searching: there is no cell to name.
-    if (registration.stat == 0 || (registration.lac.empty() && registration.cellId.empty())) {
+    if (registration.reportMode < kReportLocation) {
         return text;
     }
-    text += ",\"" + registration.lac + "\",\"" + registration.cellId + "\"";
-    if (registration.act) {
-        text += "," + std::to_string(*registration.act);
+    // Not registered and not searching: there is no cell to name.
+    const bool bLocation =
+        registration.stat != 0 && (!registration.lac.empty() || !registration.cellId.empty());
+    const bool bCause = registration.reportMode >= kReportCause && registration.causeType &&
+                        registration.rejectCause;
+    if (bLocation) {
+        text += ",\"" + registration.lac + "\",\"" + registration.cellId + "\"";
+        if (registration.act) {
+            text += "," + std::to_string(*registration.act);
+        }
+    }
+    if (bCause) {
+        // The cause comes after the location and technology, in their places
+        // even when they are not known.
+        if (!bLocation) {
+            text += ",,";
+        }
+        if (!bLocation || !registration.act) {
+            text += ",";
+        }
+        text += "," + std::to_string(*registration.causeType) + "," +
+                std::to_string(*registration.rejectCause);
     }
     return text;
 }

@@ -1,6 +1,6 @@
 // The parts of the modem's state that it prints the same way in the answer to
 // a command and in an unsolicited report (the text after "^HCSQ:", "^MODE:",
-// "+CREG: "), and the scale conversions its readings need. Pure functions.
+// the fields of "+CREG: "), and the scale conversions its readings need. Pure functions.
 #ifndef MODEMSIM_STATELINES_H
 #define MODEMSIM_STATELINES_H
 
@@ -21,10 +21,14 @@ std::vector<std::string> HcsqTexts(const ModemState& state);
 // ^SYSINFO numbering, as ^MODE reports it.
 std::string ModeText(const ModeInfo& mode);
 
-// The unsolicited +CREG / +CGREG fields: "1,\"CE00\",\"01CEAD8F\"" with the
-// location when one is known (and the access technology behind it when given),
-// "1" alone when not, and "0" alone when the modem is not registered.
-std::string RegistrationReportText(const RegistrationInfo& registration);
+// The fields of a +CREG / +CGREG / +CEREG line after the report mode, as that
+// mode asks for them; they are the whole of the unsolicited report and the
+// tail of the read answer. The status always; with mode 2 or 3 the location
+// when one is known and the modem is registered or searching
+// ("1,\"CE00\",\"01CEAD8F\""), the access technology behind it when given;
+// with mode 3 the cause of a rejection when given ("3,\"CE00\",\"01CEAD8F\",7,0,15",
+// its fields left empty when the location or technology is not known).
+std::string RegistrationFields(const RegistrationInfo& registration);
 
 // TD-SCDMA modems print +CSQ's rssi offset by 100: 100 (-116 dBm or less) to
 // 191 (-25 dBm or more), 199 unknown. True for a reading in that form.

@@ -8,6 +8,20 @@
 
 namespace modemsim {
 
+namespace {
+
+// A modem reports its registration only when the host asked for it with
+// AT+CREG=1 or 2 (+CGREG, +CEREG alike); the mode also says how much it tells.
+std::vector<std::string> RegistrationReport(const char* prefix, const RegistrationInfo& domain)
+{
+    if (domain.reportMode == 0) {
+        return {};
+    }
+    return {prefix + RegistrationFields(domain)};
+}
+
+}  // namespace
+
 const std::vector<std::pair<const char*, ReportKind>>& ReportChoices()
 {
     static const std::vector<std::pair<const char*, ReportKind>> choices = {
@@ -19,6 +33,7 @@ const std::vector<std::pair<const char*, ReportKind>>& ReportChoices()
         {"^MODE", ReportKind::Mode},
         {"+CREG", ReportKind::Creg},
         {"+CGREG", ReportKind::Cgreg},
+        {"+CEREG", ReportKind::Cereg},
         {"^HCSQ", ReportKind::Hcsq},
         {"^SIMREFRESH", ReportKind::SimRefresh},
         {"^PNNFILEREFRESH", ReportKind::PnnFileRefresh},
@@ -49,9 +64,11 @@ std::vector<std::string> RenderReport(ReportKind kind, const ModemState& state)
     case ReportKind::Mode:
         return {"^MODE:" + ModeText(state.network.mode)};
     case ReportKind::Creg:
-        return {"+CREG: " + RegistrationReportText(state.network.creg)};
+        return RegistrationReport("+CREG: ", state.network.creg);
     case ReportKind::Cgreg:
-        return {"+CGREG: " + RegistrationReportText(state.network.cgreg)};
+        return RegistrationReport("+CGREG: ", state.network.cgreg);
+    case ReportKind::Cereg:
+        return RegistrationReport("+CEREG: ", state.network.cereg);
     case ReportKind::Hcsq: {
         std::vector<std::string> lines;
         for (const std::string& text : HcsqTexts(state)) {

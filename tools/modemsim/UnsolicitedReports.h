@@ -16,7 +16,8 @@ namespace modemsim {
 const std::vector<std::pair<const char*, ReportKind>>& ReportChoices();
 
 // The lines of one report, unframed: "^RSSI:22". One line for every report
-// but ^HCSQ, which sends one per radio in use.
+// but ^HCSQ, which sends one per radio in use, and the registration reports,
+// which send none while their report mode is 0.
 std::vector<std::string> RenderReport(ReportKind kind, const ModemState& state);
 
 }  // namespace modemsim
