@@ -135,7 +135,8 @@ TEST(NetsrvctlSettings, CommandsTheModemLacksFail)
         std::vector<std::string> args;
         const char* errorLine;
     } rows[] = {
-        {{"--simulate", "lte", "cdma"}, "netsrvctl: cdma failed: error 4 (operation not supported)\n"},
+        {{"--simulate", "lte", "cdma"},
+         "netsrvctl: cdma failed: error 4 (operation not supported)\n"},
         {{"--simulate", "lte", "cdma", "register-min", "1234567890"},
          "netsrvctl: cdma register-min failed: error 4 (operation not supported)\n"},
         {{"--simulate", "cdma", "detach"},

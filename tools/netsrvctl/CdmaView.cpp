@@ -15,12 +15,6 @@ const char* PrefModeName(int64_t value)
     return pszName != nullptr ? pszName : "unknown";
 }
 
-template <typename T, typename F>
-std::optional<std::string> Shown(const std::optional<T>& reading, F format)
-{
-    return reading ? std::optional<std::string>(format(*reading)) : std::nullopt;
-}
-
 std::string SubnetOf(const CURRNETWORKIDINFO& network)
 {
     return FieldText(network.szSubNetID, sizeof(network.szSubNetID));
@@ -49,22 +43,22 @@ nlohmann::ordered_json CdmaJson(const CdmaReadings& r)
 
 std::string CdmaText(const CdmaReadings& r, bool bShowMissing)
 {
-    auto number = [](unsigned value) { return std::to_string(value); };
+    std::optional<std::string> sid;
+    std::optional<std::string> nid;
     std::optional<std::string> subnet;
-    if (r.network && !SubnetOf(*r.network).empty()) {
-        subnet = SubnetOf(*r.network);
+    if (r.network) {
+        sid = std::to_string(r.network->unCurrSID);
+        nid = std::to_string(r.network->unCurrNID);
+        if (!SubnetOf(*r.network).empty()) {
+            subnet = SubnetOf(*r.network);
+        }
     }
     return ReadingLine("preferred mode", NamedReading(r.prefMode, PrefModeName), bShowMissing) +
            ReadingLine("EV-DO revision", NamedReading(r.evdoRevision, EvdoRevisionName),
                        bShowMissing) +
            ReadingLine("NAM", NamedReading(r.nam, NamName), bShowMissing) +
            ReadingLine("PRL version", r.prlVersion, bShowMissing) +
-           ReadingLine("SID", Shown(r.network,
-                                    [&](const CURRNETWORKIDINFO& n) { return number(n.unCurrSID); }),
-                       bShowMissing) +
-           ReadingLine("NID", Shown(r.network,
-                                    [&](const CURRNETWORKIDINFO& n) { return number(n.unCurrNID); }),
-                       bShowMissing) +
+           ReadingLine("SID", sid, bShowMissing) + ReadingLine("NID", nid, bShowMissing) +
            ReadingLine("subnet ID", subnet, bShowMissing) +
            ReadingLine("SIM type", NamedReading(r.simType, SimTypeName), bShowMissing);
 }

@@ -207,10 +207,9 @@ int main(int argc, char** argv)
     } else if (*pMonitor) {
         status = RunMonitor(toolHost, monitor, output, std::cout, std::cerr);
     } else if (*pRegReport) {
-        status = RunRegistrationReport(toolHost,
-                                       static_cast<RegDomain>(*ValueOfWord(DomainWords(), regDomain)),
-                                       *ValueOfWord(ReportModeWords(), regMode), output, std::cout,
-                                       std::cerr);
+        const auto domain = static_cast<RegDomain>(*ValueOfWord(DomainWords(), regDomain));
+        status = RunRegistrationReport(toolHost, domain, *ValueOfWord(ReportModeWords(), regMode),
+                                       output, std::cout, std::cerr);
     } else if (*pRegistration) {
         status = RunRegistration(toolHost, output, std::cout, std::cerr);
     } else if (*pAttach || *pDetach) {
