@@ -246,6 +246,16 @@ TEST(Netsrvctl, UsageErrors)
         {{"--simulate", "monitor", "--timeout", "-0.5"}, "0 or more, not -0.5"},
         {{"--simulate", "status", "signal"}, "signal"},     // one command at a time
         {{"--simulate", "signal", "--raw"}, "--raw"},       // a monitor option elsewhere
+        // Each setting names the words it takes.
+        {{"--simulate", "registration", "report", "lte", "1"}, "one of cs, ps, eps, not lte"},
+        {{"--simulate", "registration", "report", "cs", "3"}, "one of 0, 1, 2, not 3"},
+        {{"--simulate", "hspa", "hsdpa", "on"}, "one of dpa, upa, not hsdpa"},
+        {{"--simulate", "lte", "cdma", "set", "pref-mode", "lte"},
+         "one of cdma, evdo, hybrid, not lte"},
+        {{"--simulate", "cdma", "cdma", "set", "evdo-rev", "C"}, "one of 0, A, B, not C"},
+        // A bad MIN is refused before the port is even opened.
+        {{"--device", "/dev/ttyUSB-does-not-exist", "cdma", "register-min", "12345"},
+         "10 or 15 digits, not 12345"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(::testing::PrintToString(row.args));
@@ -272,6 +282,11 @@ TEST(Netsrvctl, SimulateTakesAProfileOnlyWhenOneIsNamed)
     } rows[] = {
         {{"--simulate", "status"}, 0, "system mode:      6 - LTE\n"},
         {{"--simulate", "cdma", "status"}, 0, "system mode:      2 - CDMA\n"},
+        // "cdma" names a profile and a command: alone or before a command it
+        // is the profile, before a word of its own the command.
+        {{"--simulate", "cdma"}, 0, "system mode:      2 - CDMA\n"},
+        {{"--simulate", "cdma", "cdma"}, 0, "SID:              13824\n"},
+        {{"--simulate", "cdma", "set", "nam", "2"}, 1, "cdma set failed"},
         {{"--simulate", "plugin-info", "--json"}, 0, "\"name\":\"NetSrvPlugin\""},
         {{"--simulate", "frobnicate"}, 2,
          "frobnicate is neither a command nor a built-in profile nor a file; the built-in "
@@ -294,7 +309,7 @@ TEST(Netsrvctl, SimulateTakesAProfileOnlyWhenOneIsNamed)
 TEST(Netsrvctl, HelpOnEveryCommand)
 {
     for (const char* command : {"status", "signal", "plugin-info", "lasterr", "address",
-                                "monitor"}) {
+                                "monitor", "registration", "attach", "detach", "hspa", "cdma"}) {
         const ToolResult r = RunTool(kTool, {command, "--help"});
         EXPECT_EQ(r.exitStatus, 0) << command;
         EXPECT_NE(r.out.find(command), std::string::npos) << r.out;

@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <nlohmann/json.hpp>
 #include <set>
 #include <string>
@@ -17,19 +16,14 @@
 
 namespace {
 
+using e2e::HasFields;
 using e2e::Lines;
 using e2e::RunTool;
+using e2e::ShippedProfile;
 using e2e::ToolResult;
 using nlohmann::json;
 
 const std::string kTool = NETSRVCTL_PATH;
-
-json ShippedProfile(const std::string& name)
-{
-    std::ifstream in(std::string(NETSRV_SOURCE_DIR) + "/tools/modemsim/profiles/" + name +
-                     ".json");
-    return json::parse(in);
-}
 
 // The one JSON object a successful command prints.
 json RunForJson(const std::vector<std::string>& args)
@@ -38,15 +32,6 @@ json RunForJson(const std::vector<std::string>& args)
     EXPECT_EQ(r.exitStatus, 0) << ::testing::PrintToString(args) << r.err;
     EXPECT_EQ(Lines(r.out).size(), 1u) << r.out;
     return json::parse(r.out, nullptr, false);
-}
-
-// `actual` has the fields of `expected` with their values; a null field is
-// absent from it. (As a merge patch, `expected` changes nothing.)
-bool HasFields(const json& actual, const json& expected)
-{
-    json patched = actual;
-    patched.merge_patch(expected);
-    return patched == actual;
 }
 
 // What the command-less overview shows of each profile: the status view's
@@ -182,7 +167,8 @@ TEST(NetsrvctlViews, OneStyleInEveryView)
     }
 
     for (const std::vector<std::string>& args :
-         {std::vector<std::string>{}, {"plugin-info"}, {"lasterr"}, {"address"}}) {
+         {std::vector<std::string>{}, {"plugin-info"}, {"lasterr"}, {"address"},
+          {"registration"}, {"hspa"}, {"cdma", "cdma"}}) {
         std::vector<std::string> all = {"--simulate"};
         all.insert(all.end(), args.begin(), args.end());
         const ToolResult r = RunTool(kTool, all);

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <fstream>
 #include <sstream>
 
 namespace e2e {
@@ -93,6 +94,20 @@ std::vector<std::string> Lines(const std::string& text)
         lines.push_back(line);
     }
     return lines;
+}
+
+nlohmann::json ShippedProfile(const std::string& name)
+{
+    std::ifstream in(std::string(NETSRV_SOURCE_DIR) + "/tools/modemsim/profiles/" + name +
+                     ".json");
+    return nlohmann::json::parse(in);
+}
+
+bool HasFields(const nlohmann::json& actual, const nlohmann::json& expected)
+{
+    nlohmann::json patched = actual;
+    patched.merge_patch(expected);
+    return patched == actual;
 }
 
 }  // namespace e2e

@@ -1,9 +1,11 @@
 // Runs a program with arguments, collects what it prints and its exit status.
 // A program that outlives its time limit is killed and reported as such.
+// Also the small helpers that the tool's tests share to judge its output.
 #ifndef E2E_RUNTOOL_H
 #define E2E_RUNTOOL_H
 
 #include <chrono>
+#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
@@ -24,6 +26,13 @@ ToolResult RunTool(const std::string& program, const std::vector<std::string>& a
 
 // The lines of a text, without their line ends.
 std::vector<std::string> Lines(const std::string& text);
+
+// A profile of tools/modemsim/profiles by its name ("lte").
+nlohmann::json ShippedProfile(const std::string& name);
+
+// `actual` has the fields of `expected` with their values; a null field is
+// absent from it. (As a merge patch, `expected` changes nothing.)
+bool HasFields(const nlohmann::json& actual, const nlohmann::json& expected);
 
 }  // namespace e2e
 

@@ -1,4 +1,5 @@
-// What netsrvctl prints for error words and for the service's events.
+// What netsrvctl prints for error words, for the service's events and for
+// the modem's registration reports, and the words its setting commands take.
 
 #include <gtest/gtest.h>
 
@@ -9,6 +10,8 @@
 #include "EventFormat.h"
 #include "OutputText.h"
 #include "Interface/NetSrvDef.h"
+#include "RegistrationView.h"
+#include "SettingWords.h"
 
 namespace {
 
@@ -169,6 +172,89 @@ TEST(NetsrvctlOutputText, JsonLinesSurviveNamesThatAreNotUtf8)
     list.btPlmnNumber = 1;
     const std::string line = JsonLine(EventJson(NETSRV_DATA::EVENT_NETSRV_PLMN_ALL, &list));
     EXPECT_EQ(nlohmann::json::parse(line)["operators"][0]["long_name"], "Telef\xef\xbf\xbdnica");
+}
+
+// Reports in mode 1 and 2 start with the state; what follows the cell (the
+// access technology, a reject cause) is not shown.
+TEST(NetsrvctlRegistrationReport, ReportsBecomeLines)
+{
+    struct Row {
+        const char* name;
+        std::vector<std::string> fields;
+        const char* text;   // null: not a registration report that can be read
+        const char* json;
+    };
+    const Row rows[] = {
+        {"+CREG", {"1", "2A3B", "01A2B3C4"},
+         "cs registration: registered (home network), lac 2A3B, cell 01A2B3C4",
+         R"J({"event":"registration","domain":"cs","state":1,)J"
+         R"J("state_name":"registered (home network)","lac":"2A3B","cell_id":"01A2B3C4"})J"},
+        {"+CGREG", {"5", "84CD", "00D30156", "2"},
+         "ps registration: registered (roaming), lac 84CD, cell 00D30156",
+         R"J({"event":"registration","domain":"ps","state":5,)J"
+         R"J("state_name":"registered (roaming)","lac":"84CD","cell_id":"00D30156"})J"},
+        {"+CEREG", {"1", "CE00", "01CEAD8F", "7"},
+         "eps registration: registered (home network), tac CE00, cell 01CEAD8F",
+         R"J({"event":"registration","domain":"eps","state":1,)J"
+         R"J("state_name":"registered (home network)","tac":"CE00","cell_id":"01CEAD8F"})J"},
+        // Mode 1: the state alone.
+        {"+CREG", {"2"}, "cs registration: searching",
+         R"J({"event":"registration","domain":"cs","state":2,"state_name":"searching"})J"},
+        // Mode 3 with a rejection: empty location fields, then the cause.
+        {"+CEREG", {"3", "", "", "", "0", "15"}, "eps registration: registration denied",
+         R"J({"event":"registration","domain":"eps","state":3,)J"
+         R"J("state_name":"registration denied"})J"},
+        // A stray control character of the modem is not printed as it came.
+        {"+CREG", {"1", "2A\x1b" "3B", ""}, "cs registration: registered (home network), lac 2A?3B",
+         R"J({"event":"registration","domain":"cs","state":1,)J"
+         R"J("state_name":"registered (home network)","lac":"2A?3B"})J"},
+        {"+CREG", {""}, nullptr, nullptr},
+        {"+CREG", {"x", "1"}, nullptr, nullptr},
+        {"+CREG", {"-1"}, nullptr, nullptr},
+        {"+COPS", {"1"}, nullptr, nullptr},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(std::string(row.name) + " " + ::testing::PrintToString(row.fields));
+        const auto report = ParseRegistrationReport(row.name, row.fields);
+        ASSERT_EQ(report.has_value(), row.text != nullptr);
+        if (report) {
+            EXPECT_EQ(RegistrationEventText(*report), row.text);
+            EXPECT_EQ(RegistrationEventJson(*report).dump(), row.json);
+        }
+    }
+}
+
+TEST(NetsrvctlSettingWords, WordsStandForTheServicesNumbers)
+{
+    struct Row {
+        const WordTable& table;
+        const char* word;
+        int value;   // -1: refused
+    };
+    const Row rows[] = {
+        {DomainWords(), "eps", 2},        {DomainWords(), "lte", -1},
+        {ReportModeWords(), "3", -1},     {HspaSwitchWords(), "upa", 1},
+        {OnOffWords(), "off", 0},         {PrefModeWords(), "cdma", 2},
+        {PrefModeWords(), "evdo", 4},     {PrefModeWords(), "hybrid", 8},
+        // Revision 0 is the modem's 1, revision A its 0.
+        {EvdoRevisionWords(), "0", 1},    {EvdoRevisionWords(), "A", 0},
+        {EvdoRevisionWords(), "B", 2},    {EvdoRevisionWords(), "C", -1},
+        {NamWords(), "1", 0},             {NamWords(), "2", 1},
+        {NamWords(), "0", -1},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.word);
+        const std::optional<int> value = ValueOfWord(row.table, row.word);
+        EXPECT_EQ(value.value_or(-1), row.value);
+    }
+
+    for (const char* min : {"1234567890", "310260123456789"}) {
+        EXPECT_TRUE(IsMinNumber(min)) << min;
+    }
+    for (const char* min : {"", "123456789", "12345678901", "1234567890123456", "+123456789",
+                            "123456789a"}) {
+        EXPECT_FALSE(IsMinNumber(min)) << min;
+    }
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // What netsrvctl prints for the service's numbers: the name tables, the
-// status view of a SystemInfo record and the signal view of the readings.
+// status view of a SystemInfo record, the signal view of the readings, and
+// the registration, HSPA and CDMA views.
 
 #include <gtest/gtest.h>
 
@@ -7,8 +8,11 @@
 #include <set>
 #include <string>
 
+#include "CdmaView.h"
+#include "HspaView.h"
 #include "Interface/NetSrvDef.h"
 #include "Names.h"
+#include "RegistrationView.h"
 #include "SignalView.h"
 #include "StatusView.h"
 
@@ -47,6 +51,13 @@ TEST(NetsrvctlNames, EveryEnumeratorHasADistinctName)
         {"lock state", LockStateName, values(0, 1)},
         {"operator status", OperatorStatusName, values(0, 3)},
         {"access technology", AccessTechnologyName, values(0, 7)},
+        {"registration state", RegistrationStateName, values(0, 5)},
+        {"packet attach", PsAttachName, values(0, 1, {255})},
+        {"HSPA switch", HspaSwitchName, values(0, 1)},
+        {"CDMA preferred mode", CdmaPrefModeName, values(0, 0, {2, 4, 8})},
+        {"EV-DO revision", EvdoRevisionName, values(0, 2)},
+        {"NAM", NamName, values(0, 1)},
+        {"SIM type", SimTypeName, values(0, 3, {255})},
     };
     for (const Table& table : tables) {
         std::set<std::string> seen;
@@ -93,6 +104,15 @@ TEST(NetsrvctlNames, WordsForTheNumbersModemsReport)
         {SimStateName, 5, nullptr},
         {AccessTechnologyName, 7, "LTE"},
         {AccessTechnologyName, 9, nullptr},
+        {RegistrationStateName, 1, "registered (home network)"},
+        {RegistrationStateName, 5, "registered (roaming)"},
+        {RegistrationStateName, 6, nullptr},
+        {CdmaPrefModeName, 8, "hybrid CDMA 1X / EV-DO"},
+        {CdmaPrefModeName, 3, nullptr},
+        // The revision keeps the modem's order: A before 0.
+        {EvdoRevisionName, 0, "Rev. A"},
+        {EvdoRevisionName, 1, "Rev. 0"},
+        {SimTypeName, 4, nullptr},
     };
     for (const Row& row : rows) {
         const char* pszName = row.name(row.value);
@@ -313,6 +333,129 @@ TEST(NetsrvctlSignalView, OnlyTheReadingsTheModemGave)
     }
     EXPECT_EQ(notReported, 10u) << text;
     EXPECT_EQ(SignalJson(SignalReadings()).dump(), "{}");
+}
+
+RegStateReport Registration(int32_t mode, int32_t state, const char* pszArea,
+                            const char* pszCell)
+{
+    RegStateReport report;
+    report.ReportMode = mode;
+    report.ReportState = state;
+    std::strncpy(report.LacCode, pszArea, sizeof(report.LacCode) - 1);
+    std::strncpy(report.CellID, pszCell, sizeof(report.CellID) - 1);
+    return report;
+}
+
+TEST(NetsrvctlRegistrationView, DomainsAsJsonAndText)
+{
+    RegistrationReadings lte;
+    lte.domains[0] = Registration(2, 1, "2A3B", "01A2B3C4");
+    lte.domains[1] = Registration(2, 5, "2A3B", "01A2B3C4");
+    lte.domains[2] = Registration(2, 1, "CE00", "01CEAD8F");
+    lte.psAttach = 1;
+    // A 3G modem in report mode 0: no EPS, no location; a state and an
+    // attach state outside the tables.
+    RegistrationReadings old;
+    old.domains[0] = Registration(0, 8, "", "");
+    old.domains[1] = Registration(1, 2, "", "");
+    old.psAttach = 7;
+
+    struct Row {
+        const char* what;
+        RegistrationReadings readings;
+        const char* json;
+        const char* text;
+    };
+    const Row rows[] = {
+        {"LTE", lte,
+         R"J({"cs":{"report_mode":2,"state":1,"state_name":"registered (home network)",)J"
+         R"J("lac":"2A3B","cell_id":"01A2B3C4"},"ps":{"report_mode":2,"state":5,)J"
+         R"J("state_name":"registered (roaming)","lac":"2A3B","cell_id":"01A2B3C4"},)J"
+         R"J("eps":{"report_mode":2,"state":1,"state_name":"registered (home network)",)J"
+         R"J("tac":"CE00","cell_id":"01CEAD8F"},"ps_attach":1,"ps_attach_name":"attached"})J",
+         "CS report mode:   2\n"
+         "CS state:         1 - registered (home network)\n"
+         "CS LAC:           2A3B\n"
+         "CS cell id:       01A2B3C4\n"
+         "PS report mode:   2\n"
+         "PS state:         5 - registered (roaming)\n"
+         "PS LAC:           2A3B\n"
+         "PS cell id:       01A2B3C4\n"
+         "EPS report mode:  2\n"
+         "EPS state:        1 - registered (home network)\n"
+         "EPS TAC:          CE00\n"
+         "EPS cell id:      01CEAD8F\n"
+         "PS attach:        1 - attached\n"},
+        {"3G, report mode 0", old,
+         R"J({"cs":{"report_mode":0,"state":8,"state_name":"state 8"},)J"
+         R"J("ps":{"report_mode":1,"state":2,"state_name":"searching"},)J"
+         R"J("ps_attach":7,"ps_attach_name":"unknown"})J",
+         "CS report mode:   0\n"
+         "CS state:         8 - state 8\n"
+         "CS LAC:           not reported\n"
+         "CS cell id:       not reported\n"
+         "PS report mode:   1\n"
+         "PS state:         2 - searching\n"
+         "PS LAC:           not reported\n"
+         "PS cell id:       not reported\n"
+         "EPS state:        not reported\n"
+         "PS attach:        7 - unknown\n"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        EXPECT_EQ(RegistrationJson(row.readings).dump(), row.json);
+        EXPECT_EQ(RegistrationText(row.readings), row.text);
+    }
+    // A command that set the attach state shows that line alone.
+    RegistrationReadings detached;
+    detached.psAttach = 0;
+    EXPECT_EQ(RegistrationText(detached, false), "PS attach:        0 - detached\n");
+}
+
+TEST(NetsrvctlSettingsView, HspaAndCdmaShowWhatWasRead)
+{
+    HspaReadings hspa;
+    hspa.hsdpa = 1;
+    hspa.hsupa = 0;
+    EXPECT_EQ(HspaJson(hspa).dump(),
+              R"J({"hsdpa":1,"hsdpa_name":"enabled","hsupa":0,"hsupa_name":"disabled"})J");
+    HspaReadings upaOnly;
+    upaOnly.hsupa = 3;   // no such switch state: no name
+    EXPECT_EQ(HspaJson(upaOnly).dump(), R"J({"hsupa":3})J");
+    EXPECT_EQ(HspaText(upaOnly, false), "HSUPA:            3 - unknown\n");
+
+    CdmaReadings cdma;
+    cdma.prefMode = 8;
+    cdma.evdoRevision = 0;
+    cdma.nam = 1;
+    cdma.prlVersion = "10012";
+    CURRNETWORKIDINFO network;
+    network.unCurrSID = 13824;
+    network.unCurrNID = 65535;
+    std::strncpy(network.szSubNetID, "0A1B2C3D", sizeof(network.szSubNetID) - 1);
+    cdma.network = network;
+    cdma.simType = 255;
+    EXPECT_EQ(CdmaJson(cdma).dump(),
+              R"J({"pref_mode":8,"pref_mode_name":"hybrid CDMA 1X / EV-DO","evdo_revision":0,)J"
+              R"J("evdo_revision_name":"Rev. A","nam":1,"nam_name":"NAM 2",)J"
+              R"J("prl_version":"10012","sid":13824,"nid":65535,"subnet_id":"0A1B2C3D",)J"
+              R"J("sim_type":255,"sim_type_name":"unknown"})J");
+
+    // A mode outside the three is still named; a revision outside its table
+    // is not; a network without a subnet leaves it out; nothing else was read.
+    CdmaReadings odd;
+    odd.prefMode = 3;
+    odd.evdoRevision = 5;
+    network.szSubNetID[0] = '\0';
+    odd.network = network;
+    EXPECT_EQ(CdmaJson(odd).dump(),
+              R"J({"pref_mode":3,"pref_mode_name":"unknown","evdo_revision":5,)J"
+              R"J("sid":13824,"nid":65535})J");
+    EXPECT_EQ(CdmaText(odd, false), "preferred mode:   3 - unknown\n"
+                                    "EV-DO revision:   5 - unknown\n"
+                                    "SID:              13824\n"
+                                    "NID:              65535\n");
+    EXPECT_EQ(CdmaJson(CdmaReadings()).dump(), "{}");
 }
 
 }  // namespace

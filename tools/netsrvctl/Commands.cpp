@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "AtCodec/IProcessor.h"
-#include "ErrorText.h"
+#include "CommandOutcome.h"
 #include "OutputText.h"
 #include "SignalView.h"
 #include "StatusView.h"
@@ -17,56 +17,6 @@ namespace netsrvctl {
 namespace {
 // As long as the service gives its own signal queries.
 const unsigned long kCsqTimeoutMs = 30000;
-
-// A query's result before it is printed, so that the command without a name
-// can put two of them together.
-struct Outcome {
-    ExitStatus status = EXIT_OK;
-    nlohmann::ordered_json json = nlohmann::ordered_json::object();
-    std::string text;
-    std::string errorLine;   // for standard error; empty on success
-};
-
-// A modem that stopped answering or whose port went away is the modem's
-// failure, not the operation's.
-ExitStatus StatusOfErrorWord(unsigned long dwError)
-{
-    return dwError == AT_ERROR_TIMEOUT || dwError == AT_ERROR_PORT_CLOSED ? EXIT_NO_MODEM
-                                                                         : EXIT_FAILED;
-}
-
-// The service failed: say which error word it gave and what it means.
-void SetFailure(Outcome* pOutcome, const char* pszWhat, unsigned long dwError)
-{
-    const std::string meaning = DescribeErrorWord(dwError);
-    pOutcome->status = StatusOfErrorWord(dwError);
-    pOutcome->json["error"] = dwError;
-    pOutcome->json["meaning"] = meaning;
-    pOutcome->errorLine = std::string("netsrvctl: ") + pszWhat + " failed: error " +
-                          std::to_string(dwError) + " (" + meaning + ")";
-}
-
-ExitStatus Print(const Outcome& outcome, const OutputOptions& out, std::ostream& os,
-                 std::ostream& err)
-{
-    if (out.json) {
-        os << JsonLine(outcome.json) << "\n";
-    } else {
-        os << outcome.text;
-    }
-    if (!outcome.errorLine.empty()) {
-        err << outcome.errorLine << "\n";
-    }
-    return outcome.status;
-}
-
-ExitStatus ReportFailure(const char* pszWhat, unsigned long dwError, const OutputOptions& out,
-                         std::ostream& os, std::ostream& err)
-{
-    Outcome outcome;
-    SetFailure(&outcome, pszWhat, dwError);
-    return Print(outcome, out, os, err);
-}
 
 Outcome ReadStatus(ToolHost& host)
 {

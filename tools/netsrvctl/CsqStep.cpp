@@ -1,10 +1,10 @@
 #include "CsqStep.h"
 
-#include <charconv>
 #include <string>
 #include <vector>
 
 #include "AtFields.h"
+#include "FieldNumber.h"
 #include "StateLines.h"
 
 namespace netsrvctl {
@@ -13,17 +13,6 @@ namespace {
 const int kNotKnown = 99;
 const int kRssiMax = 31;
 const int kBerMax = 7;
-
-std::optional<int> WholeNumber(const std::string& field)
-{
-    int value = 0;
-    const char* pEnd = field.data() + field.size();
-    const auto result = std::from_chars(field.data(), pEnd, value);
-    if (field.empty() || result.ec != std::errc() || result.ptr != pEnd) {
-        return std::nullopt;
-    }
-    return value;
-}
 
 int OnScale(int value, int max)
 {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "Interface/NetSrvDef.h"
+#include "NamedNumber.h"
 #include "Names.h"
 #include "OutputText.h"
 
@@ -47,16 +48,7 @@ const EventRow* FindEvent(int iEvent)
 // A number with its name, or the number alone when it has none.
 std::string NameOrNumber(const char* pszName, unsigned long value)
 {
-    return pszName != nullptr ? pszName : std::to_string(value);
-}
-
-void AddNamed(nlohmann::ordered_json* pJson, const std::string& key, unsigned long value,
-              const char* pszName)
-{
-    (*pJson)[key] = value;
-    if (pszName != nullptr) {
-        (*pJson)[key + "_name"] = pszName;
-    }
+    return NameOr(pszName, std::to_string(value));
 }
 
 size_t EntriesOf(const SPlmnList& list)

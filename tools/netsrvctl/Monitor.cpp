@@ -1,6 +1,7 @@
 // netsrvctl monitor: prints the service's events as they arrive, one line
-// each, and with --raw also the modem's reports as the AT processor hands
-// them to the service. The modem's port going away and coming back is told
+// each, the modem's registration reports (which the service turns into no
+// event of its own), and with --raw also the modem's reports as the AT
+// processor hands them to the service. The modem's port going away and coming back is told
 // by the host's device manager and printed as it happens. Every line starts
 // with the local time of its arrival.
 
@@ -11,6 +12,8 @@
 #include <deque>
 #include <mutex>
 #include <nlohmann/json.hpp>
+#include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -21,6 +24,8 @@
 #include "Interface/IUniCommEvent.h"
 #include "LocalTime.h"
 #include "OutputText.h"
+#include "RegistrationReport.h"
+#include "RegistrationView.h"
 
 namespace netsrvctl {
 
@@ -73,12 +78,13 @@ private:
     std::deque<std::string> m_lines;
 };
 
-// Receives the service's events, the device manager's news of the port and,
-// with --raw, the modem's reports; all arrive on other threads and are
-// queued, stamped with their arrival, for the main thread.
+// Receives the service's events, the device manager's news of the port and
+// the modem's reports (registration only, or with --raw all that the service
+// takes); all arrive on other threads and are queued, stamped with their
+// arrival, for the main thread.
 class MonitorClients : public IUniCommEvent, public IAtCallBack, public IDeviceMgrEvent {
 public:
-    explicit MonitorClients(bool bJson) : m_bJson(bJson) {}
+    MonitorClients(bool bJson, bool bRaw) : m_bJson(bJson), m_bRaw(bRaw) {}
     virtual ~MonitorClients() {}
 
     LineQueue& Queue() { return m_queue; }
@@ -92,13 +98,18 @@ public:
         return true;
     }
 
+    // A registration report becomes its line; one that cannot be read is
+    // shown as it came, as --raw shows every report.
     bool AtCallBackEvent(const Command& cmd) override
     {
-        std::string text = "report " + cmd.name;
-        for (size_t i = 0; i < cmd.params.size(); ++i) {
-            text += (i == 0 ? " " : ",") + cmd.params[i];
+        const std::optional<RegistrationReport> registration =
+            ParseRegistrationReport(cmd.name, cmd.params);
+        if (m_bRaw || !registration) {
+            PushRaw(cmd);
         }
-        Push({{"report", cmd.name}, {"fields", cmd.params}}, text);
+        if (registration) {
+            Push(RegistrationEventJson(*registration), RegistrationEventText(*registration));
+        }
         return true;
     }
 
@@ -115,6 +126,16 @@ public:
     }
 
 private:
+    // "report ^RSSI 18", {"report": "^RSSI", "fields": ["18"]}.
+    void PushRaw(const Command& cmd)
+    {
+        std::string text = "report " + cmd.name;
+        for (size_t i = 0; i < cmd.params.size(); ++i) {
+            text += (i == 0 ? " " : ",") + cmd.params[i];
+        }
+        Push({{"report", cmd.name}, {"fields", cmd.params}}, text);
+    }
+
     // JSON: {"time": ..., then the line's own keys}; text: "14:03:07 " + text.
     void Push(const nlohmann::ordered_json& json, const std::string& text)
     {
@@ -131,6 +152,7 @@ private:
     }
 
     bool m_bJson;
+    bool m_bRaw;
     std::atomic<bool> m_bRemoved{false};
     LineQueue m_queue;
 };
@@ -140,7 +162,7 @@ private:
 ExitStatus RunMonitor(ToolHost& host, const MonitorOptions& monitor, const OutputOptions& out,
                       std::ostream& os, std::ostream& err)
 {
-    MonitorClients clients(out.json);
+    MonitorClients clients(out.json, monitor.raw);
     g_bInterrupted = false;
     auto previousInt = std::signal(SIGINT, OnSignal);
     auto previousTerm = std::signal(SIGTERM, OnSignal);
@@ -153,14 +175,19 @@ ExitStatus RunMonitor(ToolHost& host, const MonitorOptions& monitor, const Outpu
         clients.OnDeviceMgrEvent(IDeviceMgrEvent::EVENT_DEVICE_REJECT, nullptr);
     }
 
-    bool bSubscribed = true;
-    if (monitor.raw) {
-        std::vector<CmdSetItem> rows;
-        for (const char* pszName : kReportNames) {
-            rows.emplace_back(0, pszName, AT_TYPE_NORMAL);
-        }
-        bSubscribed = host.Processor()->RegisterClient(kMonitorClientName, &clients, rows);
+    // The registration reports always; with --raw every report the service takes.
+    std::set<std::string> names;
+    for (const RegDomainInfo& info : RegDomains()) {
+        names.insert(info.report);
     }
+    if (monitor.raw) {
+        names.insert(std::begin(kReportNames), std::end(kReportNames));
+    }
+    std::vector<CmdSetItem> rows;
+    for (const std::string& name : names) {
+        rows.emplace_back(0, name, AT_TYPE_NORMAL);
+    }
+    const bool bSubscribed = host.Processor()->RegisterClient(kMonitorClientName, &clients, rows);
 
     // A time-out beyond a year is no limit (and would overflow the clock's range).
     const double kNoLimitSeconds = 365.0 * 24 * 3600;
@@ -177,9 +204,7 @@ ExitStatus RunMonitor(ToolHost& host, const MonitorOptions& monitor, const Outpu
         ++printed;
     }
 
-    if (monitor.raw) {
-        host.Processor()->UnRegisterClient(kMonitorClientName);
-    }
+    host.Processor()->UnRegisterClient(kMonitorClientName);
     // Waits for a delivery on the processor's thread to end.
     host.DeviceManager().UnRegisterDeviceCallback(&clients);
     pNetSrv->SRVUnRegisterCallback(static_cast<IUniCommEvent*>(&clients));

@@ -126,6 +126,47 @@ const NameRow kAccessTechnology[] = {
     {0, "GSM"},   {1, "GSM compact"}, {2, "WCDMA"}, {3, "EDGE"},
     {4, "HSDPA"}, {5, "HSUPA"},       {6, "HSPA"},  {7, "LTE"},
 };
+
+const NameRow kRegistrationState[] = {
+    {0, "not registered"},      {1, "registered (home network)"}, {2, "searching"},
+    {3, "registration denied"}, {4, "unknown"},                   {5, "registered (roaming)"},
+};
+
+const NameRow kPsAttach[] = {
+    {PS_STAT_DETACHED, "detached"},
+    {PS_STAT_ATTACH, "attached"},
+    {PS_STAT_UNKNOW, "unknown"},
+};
+
+const NameRow kHspaSwitch[] = {
+    {HSPA_STAT_DISABLE, "disabled"},
+    {HSPA_STAT_ENABLE, "enabled"},
+};
+
+const NameRow kCdmaPrefMode[] = {
+    {CDMA_PREF_MODE_UNKNOW, "unknown"},
+    {CDMA_PREF_MODE_CDMA, "CDMA 1X only"},
+    {CDMA_PREF_MODE_HDR, "EV-DO only"},
+    {CDMA_PREF_MODE_CDMA_HDR_HYBRID, "hybrid CDMA 1X / EV-DO"},
+};
+
+const NameRow kEvdoRevision[] = {
+    {EVDO_REVA, "Rev. A"},
+    {EVDO_REV0, "Rev. 0"},
+    {EVDO_REVB, "Rev. B"},
+};
+
+const NameRow kNam[] = {
+    {NAM_MODE_FIRST, "NAM 1"},
+    {NAM_MODE_SECOND, "NAM 2"},
+};
+
+// The card of a dual-standard phone: which network's application it carries.
+const NameRow kSimType[] = {
+    {KTF_SIM_TYPE_UMTS, "UMTS"},         {KTF_SIM_TYPE_CDMA, "CDMA"},
+    {KTF_SIM_TYPE_SKT, "SKT"},           {KTF_SIM_TYPE_OVERSEAS, "overseas"},
+    {KTF_SIM_TYPE_UNKNOW, "unknown"},
+};
 }  // namespace
 
 const char* ServiceStatusName(int64_t value)
@@ -171,6 +212,41 @@ const char* OperatorStatusName(int64_t value)
 const char* AccessTechnologyName(int64_t value)
 {
     return Lookup(kAccessTechnology, value);
+}
+
+const char* RegistrationStateName(int64_t value)
+{
+    return Lookup(kRegistrationState, value);
+}
+
+const char* PsAttachName(int64_t value)
+{
+    return Lookup(kPsAttach, value);
+}
+
+const char* HspaSwitchName(int64_t value)
+{
+    return Lookup(kHspaSwitch, value);
+}
+
+const char* CdmaPrefModeName(int64_t value)
+{
+    return Lookup(kCdmaPrefMode, value);
+}
+
+const char* EvdoRevisionName(int64_t value)
+{
+    return Lookup(kEvdoRevision, value);
+}
+
+const char* NamName(int64_t value)
+{
+    return Lookup(kNam, value);
+}
+
+const char* SimTypeName(int64_t value)
+{
+    return Lookup(kSimType, value);
 }
 
 }  // namespace netsrvctl

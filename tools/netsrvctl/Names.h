@@ -1,6 +1,7 @@
 // The words netsrvctl prints for the numbers the service hands out: service
-// status, system mode and sub-mode, roaming, domain, SIM and lock state, and
-// the fields of an operator-search entry. Pure; one table per kind of number.
+// status, system mode and sub-mode, roaming, domain, SIM and lock state, the
+// fields of an operator-search entry, registration and attach states and the
+// HSPA and CDMA settings. Pure; one table per kind of number.
 // Each function gives null for a number its table does not hold, so that the
 // caller decides how an unknown value is shown.
 #ifndef NETSRVCTL_NAMES_H
@@ -33,6 +34,25 @@ const char* LockStateName(int64_t value);
 const char* OperatorStatusName(int64_t value);
 // The <AcT> of an operator-search entry: "GSM", "WCDMA", "LTE", ...
 const char* AccessTechnologyName(int64_t value);
+// The <stat> of a registration answer or report (+CREG, +CGREG, +CEREG):
+// "not registered", "registered (home network)", "searching", "registration
+// denied", "unknown", "registered (roaming)".
+const char* RegistrationStateName(int64_t value);
+// A PSState value (+CGATT): "detached", "attached", 255 "unknown".
+const char* PsAttachName(int64_t value);
+// An HSPA_STAT value (^HSDPA, ^HSUPA): "disabled", "enabled".
+const char* HspaSwitchName(int64_t value);
+// A CdmaPrefMode value (^PREFMODE): "CDMA 1X only", "EV-DO only", "hybrid
+// CDMA 1X / EV-DO", and 0 "unknown".
+const char* CdmaPrefModeName(int64_t value);
+// An EvdoRevision value (^EVDOREV), in the modem's order: 0 "Rev. A", 1
+// "Rev. 0", 2 "Rev. B".
+const char* EvdoRevisionName(int64_t value);
+// A NAMMode value (^SNAM): 0 "NAM 1", 1 "NAM 2".
+const char* NamName(int64_t value);
+// A KTFSimType value (^KTFSIMTYPE): "UMTS", "CDMA", "SKT", "overseas", 255
+// "unknown".
+const char* SimTypeName(int64_t value);
 
 }  // namespace netsrvctl
 

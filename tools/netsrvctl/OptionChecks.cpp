@@ -47,4 +47,26 @@ CLI::Validator Seconds(const char* pszWanted)
         "", "");
 }
 
+CLI::Validator OneOfWords(const WordTable& table)
+{
+    return CLI::Validator(
+        [&table](std::string& value) -> std::string {
+            if (ValueOfWord(table, value)) {
+                return std::string();
+            }
+            return "must be one of " + WordList(table) + ", not " + Shown(value);
+        },
+        "", "");
+}
+
+CLI::Validator MinNumber()
+{
+    return CLI::Validator(
+        [](std::string& value) -> std::string {
+            return IsMinNumber(value) ? std::string()
+                                      : "must be 10 or 15 digits, not " + Shown(value);
+        },
+        "", "");
+}
+
 }  // namespace netsrvctl

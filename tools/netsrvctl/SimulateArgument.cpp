@@ -23,6 +23,11 @@ bool IsProfileFile(const std::string& word)
     return EndsWith(word, ".json") || ::stat(word.c_str(), &info) == 0;
 }
 
+bool IsCommand(const std::string& word, const std::vector<std::string>& commands)
+{
+    return std::find(commands.begin(), commands.end(), word) != commands.end();
+}
+
 std::string BuiltInList()
 {
     std::string list;
@@ -41,7 +46,7 @@ SimulateWord ClassifySimulateWord(const std::string& word,
         IsProfileFile(word)) {
         return SimulateWord::Profile;
     }
-    if (std::find(commands.begin(), commands.end(), word) != commands.end()) {
+    if (IsCommand(word, commands)) {
         return SimulateWord::Command;
     }
     return SimulateWord::Unknown;
@@ -68,9 +73,22 @@ bool SettleSimulateProfile(std::vector<std::string>* pArgs,
             args[i + 1][0] == '-') {
             continue;
         }
-        switch (ClassifySimulateWord(args[i + 1], commands)) {
+        SimulateWord kind = ClassifySimulateWord(args[i + 1], commands);
+        // A name that is both a profile and a command ("cdma") is the command
+        // when a word of its own follows it ("--simulate cdma set nam 2"),
+        // not a command, an option or nothing.
+        if (kind == SimulateWord::Profile && IsCommand(args[i + 1], commands) &&
+            i + 2 < args.size() && !args[i + 2].empty() && args[i + 2][0] != '-' &&
+            !IsCommand(args[i + 2], commands)) {
+            kind = SimulateWord::Command;
+        }
+        switch (kind) {
         case SimulateWord::Profile:
-            break;
+            // Joined to the option, so that no parser takes a profile that
+            // is also a command's name ("cdma") for the command.
+            args[i] = explicitForm + args[i + 1];
+            args.erase(args.begin() + static_cast<std::ptrdiff_t>(i) + 1);
+            continue;
         case SimulateWord::Command:
             args[i] = explicitForm;
             break;

@@ -19,7 +19,12 @@ SimulateWord ClassifySimulateWord(const std::string& word,
 
 // Goes through the arguments (without the program's name) and, where
 // "--simulate" is followed by a command, gives the option its empty profile
-// ("--simulate=") so that no parser can take the command for the profile.
+// ("--simulate=") so that no parser can take the command for the profile;
+// a profile that follows it is joined to it ("--simulate=cdma"), since a
+// profile's name may also be a command's. Such a name ("cdma") is the
+// profile unless a word that is no command follows it: "--simulate cdma
+// status" runs status on the cdma profile, "--simulate cdma set nam 2" the
+// cdma command on the default one.
 // False with a one-line reason when the word after "--simulate" (or after
 // "--simulate=") is neither a profile nor, in the first form, a command.
 bool SettleSimulateProfile(std::vector<std::string>* pArgs,

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "NamedNumber.h"
 #include "Names.h"
 #include "OutputText.h"
 #include "TextColumns.h"
@@ -43,7 +44,7 @@ ModeNaming ModeName(const char* pszTableName, const std::string& modemName)
 
 std::string NameOf(const char* pszName)
 {
-    return pszName != nullptr ? pszName : "";
+    return NameOr(pszName, "");
 }
 
 StatusField Named(const char* pszKey, const char* pszLabel, int64_t value, const char* pszName)
@@ -81,13 +82,6 @@ StatusModel BuildModel(const SystemInfo& info)
     return model;
 }
 
-// "2 - normal service", "101 - LTE (the modem's name)", "7 - unknown". Not
-// "2 (normal service)": some names carry brackets of their own.
-std::string NumberAndName(int64_t value, const std::string& name, bool bFromModem = false)
-{
-    return std::to_string(value) + " - " + (name.empty() ? "unknown" : name) +
-           (bFromModem ? " (the modem's name)" : "");
-}
 }  // namespace
 
 nlohmann::ordered_json StatusJson(const SystemInfo& info)

@@ -14,4 +14,13 @@ std::string LabelledLine(const std::string& label, const std::string& value)
     return line + value + "\n";
 }
 
+std::string ReadingLine(const std::string& label, const std::optional<std::string>& value,
+                        bool bShowMissing)
+{
+    if (!value && !bShowMissing) {
+        return "";
+    }
+    return LabelledLine(label, value ? *value : "not reported");
+}
+
 }  // namespace netsrvctl

@@ -96,6 +96,55 @@ int main(int argc, char** argv)
     pMonitor->add_flag("--raw", monitor.raw,
                        "also print the modem's reports as the service receives them");
 
+    auto* pRegistration = app.add_subcommand(
+        "registration", "registration state of the CS, PS and EPS domains (report mode, state, "
+                        "area and cell) and the packet attach state");
+    pRegistration->require_subcommand(0, 1);
+    std::string regDomain;
+    std::string regMode;
+    auto* pRegReport = pRegistration->add_subcommand(
+        "report", "switch a domain's registration reports: 0 none, 1 the state, 2 the state and "
+                  "the location");
+    pRegReport->add_option("DOMAIN", regDomain, "cs, ps or eps")
+        ->required()
+        ->check(OneOfWords(DomainWords()));
+    pRegReport->add_option("MODE", regMode, "0, 1 or 2")
+        ->required()
+        ->check(OneOfWords(ReportModeWords()));
+    auto* pAttach = app.add_subcommand("attach", "attach to the packet domain");
+    auto* pDetach = app.add_subcommand("detach", "detach from the packet domain");
+    std::string hspaSwitch;
+    std::string hspaState;
+    auto* pHspa = app.add_subcommand(
+        "hspa", "the HSDPA and HSUPA switches; \"hspa dpa|upa on|off\" turns one on or off");
+    auto* pHspaSwitch = pHspa->add_option("SWITCH", hspaSwitch, "dpa or upa, to set one")
+                            ->check(OneOfWords(HspaSwitchWords()));
+    auto* pHspaState =
+        pHspa->add_option("STATE", hspaState, "on or off")->check(OneOfWords(OnOffWords()));
+    pHspaSwitch->needs(pHspaState);
+    auto* pCdma = app.add_subcommand(
+        "cdma", "CDMA settings: preferred mode, EV-DO revision, NAM, PRL version, SID/NID/subnet, "
+                "card type");
+    pCdma->require_subcommand(0, 1);
+    auto* pCdmaSet = pCdma->add_subcommand("set", "change a CDMA setting");
+    pCdmaSet->require_subcommand(1);
+    std::string cdmaValue;
+    auto* pSetPrefMode = pCdmaSet->add_subcommand("pref-mode", "the preferred mode");
+    pSetPrefMode->add_option("MODE", cdmaValue, "cdma (1X only), evdo (EV-DO only) or hybrid")
+        ->required()
+        ->check(OneOfWords(PrefModeWords()));
+    auto* pSetEvdoRev = pCdmaSet->add_subcommand("evdo-rev", "the EV-DO revision");
+    pSetEvdoRev->add_option("REV", cdmaValue, "0, A or B")
+        ->required()
+        ->check(OneOfWords(EvdoRevisionWords()));
+    auto* pSetNam = pCdmaSet->add_subcommand("nam", "the NAM in use");
+    pSetNam->add_option("NAM", cdmaValue, "1 or 2")->required()->check(OneOfWords(NamWords()));
+    std::string min;
+    auto* pRegisterMin = pCdma->add_subcommand("register-min", "register a MIN with the modem");
+    pRegisterMin->add_option("MIN", min, "the MIN, 10 digits, or the IMSI_M, 15 digits")
+        ->required()
+        ->check(MinNumber());
+
     std::vector<std::string> args(argc > 0 ? argv + 1 : argv, argv + argc);
     std::vector<std::string> commands;
     for (const CLI::App* pCommand : app.get_subcommands({})) {
@@ -157,6 +206,35 @@ int main(int argc, char** argv)
         status = RunSignal(toolHost, output, std::cout, std::cerr);
     } else if (*pMonitor) {
         status = RunMonitor(toolHost, monitor, output, std::cout, std::cerr);
+    } else if (*pRegReport) {
+        const auto domain = static_cast<RegDomain>(*ValueOfWord(DomainWords(), regDomain));
+        status = RunRegistrationReport(toolHost, domain, *ValueOfWord(ReportModeWords(), regMode),
+                                       output, std::cout, std::cerr);
+    } else if (*pRegistration) {
+        status = RunRegistration(toolHost, output, std::cout, std::cerr);
+    } else if (*pAttach || *pDetach) {
+        status = RunPsAttach(toolHost, static_cast<bool>(*pAttach), output, std::cout, std::cerr);
+    } else if (*pHspa && !hspaSwitch.empty()) {
+        status = RunHspaSet(
+            toolHost,
+            static_cast<NETSRV_DATA::HSPA_MODE>(*ValueOfWord(HspaSwitchWords(), hspaSwitch)),
+            static_cast<NETSRV_DATA::HSPA_STAT>(*ValueOfWord(OnOffWords(), hspaState)), output,
+            std::cout, std::cerr);
+    } else if (*pHspa) {
+        status = RunHspa(toolHost, output, std::cout, std::cerr);
+    } else if (*pCdmaSet) {
+        const CdmaSetting setting = *pSetPrefMode  ? CdmaSetting::PrefMode
+                                    : *pSetEvdoRev ? CdmaSetting::EvdoRevision
+                                                   : CdmaSetting::Nam;
+        const WordTable& words = *pSetPrefMode  ? PrefModeWords()
+                                 : *pSetEvdoRev ? EvdoRevisionWords()
+                                                : NamWords();
+        status = RunCdmaSet(toolHost, setting, *ValueOfWord(words, cdmaValue), output, std::cout,
+                            std::cerr);
+    } else if (*pRegisterMin) {
+        status = RunRegisterMin(toolHost, min, output, std::cout, std::cerr);
+    } else if (*pCdma) {
+        status = RunCdma(toolHost, output, std::cout, std::cerr);
     } else {
         status = RunOverview(toolHost, output, std::cout, std::cerr);
     }
