@@ -253,6 +253,7 @@ TEST(Netsrvctl, UsageErrors)
         {{"--simulate", "lte", "cdma", "set", "pref-mode", "lte"},
          "one of cdma, evdo, hybrid, not lte"},
         {{"--simulate", "cdma", "cdma", "set", "evdo-rev", "C"}, "one of 0, A, B, not C"},
+        {{"--device", "/dev/ttyUSB-does-not-exist", "cdma", "set"}, "pref-mode, evdo-rev or nam"},
         // A bad MIN is refused before the port is even opened.
         {{"--device", "/dev/ttyUSB-does-not-exist", "cdma", "register-min", "12345"},
          "10 or 15 digits, not 12345"},

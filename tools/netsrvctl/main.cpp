@@ -127,7 +127,8 @@ int main(int argc, char** argv)
                 "card type");
     pCdma->require_subcommand(0, 1);
     auto* pCdmaSet = pCdma->add_subcommand("set", "change a CDMA setting");
-    pCdmaSet->require_subcommand(1);
+    // Checked after parsing, so that the message can name the settings.
+    pCdmaSet->require_subcommand(0, 1);
     std::string cdmaValue;
     auto* pSetPrefMode = pCdmaSet->add_subcommand("pref-mode", "the preferred mode");
     pSetPrefMode->add_option("MODE", cdmaValue, "cdma (1X only), evdo (EV-DO only) or hybrid")
@@ -169,6 +170,12 @@ int main(int argc, char** argv)
         }
         // One line, as every error of the tool.
         std::cerr << "netsrvctl: " << e.what() << " (see --help)\n";
+        return EXIT_USAGE;
+    }
+
+    if (*pCdmaSet && pCdmaSet->get_subcommands().empty()) {
+        std::cerr << "netsrvctl: cdma set: name the setting: pref-mode, evdo-rev or nam "
+                     "(see --help)\n";
         return EXIT_USAGE;
     }
 
