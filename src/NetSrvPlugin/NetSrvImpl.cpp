@@ -101,6 +101,10 @@ CNetSrvImpl::~CNetSrvImpl()
     } catch (...) {
     }
     m_pContainer = nullptr;
+    // Lists a client never handed back.
+    EmptyList(m_stBandList);
+    EmptyList(m_stLteBandList);
+    EmptyList(m_stAcqOrderList);
 }
 
 void CNetSrvImpl::Release()

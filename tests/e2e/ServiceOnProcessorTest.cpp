@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <memory>
 #include <string>
 
@@ -41,6 +42,8 @@ protected:
         ASSERT_TRUE(processor->Open(&error)) << error;
         container.Register(IPROCESSOR_INTERFACE_ID, IPROCESSOR_INTERFACE_NO,
                            static_cast<IProcessor*>(processor.get()));
+        container.Register(IDEVICESERVICE_INTERFACE_ID, IDEVICESERVICE_INTERFACE_NO,
+                           static_cast<IDeviceService*>(&deviceService));
         plugin.SetPluginContainer(&container);
         IBaseInterface* pInterface = nullptr;
         ASSERT_TRUE(plugin.QueryInterface(INETSRV_INTERFACE_NO, &pInterface));
@@ -63,6 +66,7 @@ protected:
     const std::vector<testkit::ModemAnswer> answers = testkit::LoadModemAnswers();
     ScriptedModem modem;
     std::unique_ptr<host::CAtProcessor> processor;
+    testkit::FakeDeviceService deviceService;
     testkit::FakeContainer container;
     CNetSrvPlugin plugin;
     CNetSrvImpl* service = nullptr;
@@ -190,6 +194,69 @@ TEST_F(ServiceOnProcessor, RegistrationAndPreferredModeAnswers)
         unsigned long err = 0;
         ASSERT_TRUE(service->SRVGetCDMAPrefMod(&mode, &err));
         EXPECT_EQ(mode, pref.second);
+    }
+}
+
+// Every configuration answer of the fixtures: the extended and the older
+// reading (the modems without "^SYSCFGEX" answer ERROR to it), then the lists.
+TEST_F(ServiceOnProcessor, ConfigurationAnswers)
+{
+    const struct {
+        const char* line;
+        const char* id;
+        const char* expected;   // acquisition text, band, roam, domain, LTE band
+    } reads[] = {
+        {"AT^SYSCFGEX?", "syscfgex-3", "00,3fffffff,1,2,7fffffffffffffff"},
+        {"AT^SYSCFGEX?", "syscfgex-4", "02,3fffffff,1,2,7fffffffffffffff"},
+        {"AT^SYSCFGEX?", "syscfgex-5", "00,3fffffff,1,2,0"},
+        {"AT^SYSCFGEX?", "syscfgex-6", "02,3fffffff,1,2,0"},
+        {"AT^SYSCFGEX?", "syscfgex-7", "0201,3fffffff,1,2,0"},
+        // Mode 2 order 0 has no acquisition text; 14 is WCDMA only.
+        {"AT^SYSCFG?", "syscfg-2", ",400000,0,3,0"},
+        {"AT^SYSCFG?", "syscfg-3", "0201,400000,0,3,0"},
+        {"AT^SYSCFG?", "syscfg-4", "02,400000,0,3,0"},
+        {"AT^SYSCFG?", "syscfg-5", "02,400000,0,3,0"},
+    };
+    for (const auto& row : reads) {
+        SCOPED_TRACE(row.id);
+        AnswerWith(row.line, row.id);
+        NETSRV_DATA::NetConfigurationExType config;
+        unsigned long err = 0;
+        ASSERT_TRUE(service->SRVGetNetConfigurationEx(&config, &err));
+        char hex[2][17];
+        std::snprintf(hex[0], sizeof(hex[0]), "%llx", static_cast<unsigned long long>(config.dwBand));
+        std::snprintf(hex[1], sizeof(hex[1]), "%llx",
+                      static_cast<unsigned long long>(config.dwLteBand));
+        EXPECT_EQ(std::string(config.szAcqorder) + "," + hex[0] + "," +
+                      std::to_string(config.dwRoam) + "," + std::to_string(config.dwDomain) +
+                      "," + hex[1],
+                  row.expected);
+    }
+
+    const struct {
+        const char* line;
+        const char* id;
+        int orders;
+        const char* lastBand;
+        int lteBands;
+    } lists[] = {
+        {"AT^SYSCFGEX=?", "syscfgex-1", 5, "All Bands", 2},
+        {"AT^SYSCFGEX=?", "syscfgex-2", 1, "All Bands", 2},
+        {"AT^SYSCFG=?", "syscfg-1", 0, "All bands", 0},
+    };
+    for (const auto& row : lists) {
+        SCOPED_TRACE(row.id);
+        AnswerWith(row.line, row.id);
+        NETSRV_DATA::BandList bands, lte;
+        NETSRV_DATA::AcqOrderList orders;
+        unsigned long err = 0;
+        ASSERT_TRUE(service->SRVGetBandListEx(&bands, &lte, &orders, &err));
+        EXPECT_EQ(orders.nSize, row.orders);
+        EXPECT_EQ(lte.nSize, row.lteBands);
+        ASSERT_GT(bands.nSize, 1);
+        EXPECT_STREQ(bands.pstList[bands.nSize - 1].szBandName, row.lastBand);
+        EXPECT_EQ(bands.pstList[bands.nSize - 1].dwBand, 0x3FFFFFFFu);
+        ASSERT_TRUE(service->SRVReleaseBandListEx(&bands, &lte, &orders, &err));
     }
 }
 
