@@ -99,6 +99,12 @@ public:                                                                         
 // "+CRSM: 144, 0, 0054485552415941FFFFFFFFFFFFFFFFFF": restricted SIM access;
 // the SPN reading takes the data as BINARY, the other files as text.
 
+// The restricted-access command's binary read, and the SIM files the service
+// reads with it.
+const uint64 CRSM_COMMAND_BINARY_READ = 176;
+const uint64 CRSM_FILEID_EFAD = 28589;   // administrative data: the MNC's length
+const uint64 CRSM_P3_EFAD = 5;
+
 class CrsmCmd : public ICommand {
 public:
     NUMERIC cmdtype;

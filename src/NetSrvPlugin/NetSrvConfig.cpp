@@ -29,13 +29,6 @@ const int kSysconfigDeviceKind = DevDataDef::PRODUCT_TYPE_TD_SCDMA;
 // "^SYSCONFIG" carries no band: such a device is taken to use all of them.
 const uint64_t kAllBands = 0x3FFFFFFF;
 
-// A client's text field as a string, up to its terminator or its end.
-template <size_t N>
-std::string FieldText(const char (&szField)[N])
-{
-    return std::string(szField, strnlen(szField, N));
-}
-
 template <size_t N>
 std::string QuotedField(const char (&szField)[N])
 {

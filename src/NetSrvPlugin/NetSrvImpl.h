@@ -23,6 +23,16 @@
 #include "NetSrvBandList.h"
 #include "NetSrvOnFailure.h"
 
+// One "+COPS" reading of the registered operator: the name field that
+// matches the format in force is the one filled.
+struct PlmnInfo {
+    DWORD dwNetMode = 0;
+    int nRat = 0;
+    std::string strPlmnId;
+    std::string strShortName;
+    std::string strFullName;
+};
+
 class CNetSrvImpl : public INetSrv, public IAtCallBack, public IUniCommEvent,
                     public IDeviceMgrEvent {
 public:
@@ -196,6 +206,14 @@ private:
     bool GetCurrentTDSignalPer(int& iPer);
     bool GetCurrentGWSignalPer(int& iPer);
     bool GetCurrentCDMAMODESignalPer(int& iPer);
+
+    // Body of the operator-search thread: "+COPS=?" without a response (its
+    // lines reach the report dispatcher); a failed search reports an empty list.
+    void GetPlmnListProc();
+    // "+COPS=3,<format>": the name format of later "+COPS?" readings.
+    bool SetReadPlmnFormat(NETSRV_DATA::EnumPlmnFormat enFormat);
+    // One "+COPS?" reading.
+    bool GetCrntPlmn(PlmnInfo& stInfo);
 
     // The network configuration's extended reading and setting ("^SYSCFGEX")
     // and its test form, alone; the public operations fall back to the older

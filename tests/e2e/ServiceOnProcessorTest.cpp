@@ -5,10 +5,12 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <map>
 #include <memory>
 #include <string>
 
 #include "AtProcessor.h"
+#include "EventRecorder.h"
 #include "FakePluginHost.h"
 #include "Interface/IDeviceMgrEvent.h"
 #include "ModemAnswers.h"
@@ -257,6 +259,80 @@ TEST_F(ServiceOnProcessor, ConfigurationAnswers)
         EXPECT_STREQ(bands.pstList[bands.nSize - 1].szBandName, row.lastBand);
         EXPECT_EQ(bands.pstList[bands.nSize - 1].dwBand, 0x3FFFFFFFu);
         ASSERT_TRUE(service->SRVReleaseBandListEx(&bands, &lte, &orders, &err));
+    }
+}
+
+// Every search answer of the fixtures, malformed ones included, reaches the
+// client as one list event with the operators that can be read.
+TEST_F(ServiceOnProcessor, SearchAnswersBecomeOneListEvent)
+{
+    const struct {
+        const char* id;
+        int count;
+        const char* first;   // numeric identity of the first operator
+    } rows[] = {
+        {"cops-1", 3, "31026"},  {"cops-2", 3, "31026"},  {"cops-3", 3, "31026"},
+        {"cops-4", 2, "310260"}, {"cops-5", 2, "310410"}, {"cops-6", 3, "310410"},
+        {"cops-7", 2, "31026"},  {"cops-8", 3, "31026"},  {"cops-11", 3, "31026"},
+        {"cops-14", 2, "310260"}, {"cops-15", 4, "26201"}, {"cops-16", 0, ""},
+    };
+    testkit::EventRecorder events;
+    service->SRVRegisterCallback(&events);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.id);
+        events.Clear();
+        AnswerWith("AT+COPS=?", row.id);
+        unsigned long err = 0;
+        // A start is refused while the last search's thread is still ending.
+        ASSERT_TRUE(testkit::WaitUntil([&] { return service->SRVGetPLMNList(&err); },
+                                       std::chrono::seconds(5)));
+        ASSERT_TRUE(events.WaitForCount(1, std::chrono::seconds(5)));
+        const NETSRV_DATA::SPlmnList list = events.Events()[0].plmnList;
+        EXPECT_EQ(list.btPlmnNumber, row.count);
+        EXPECT_STREQ(list.stPlmn[0].szPlmnID, row.first);
+    }
+    service->SRVUnRegisterCallback(&events);
+}
+
+// The registered operator from the read answers of the fixtures, one format at
+// a time; a modem that refuses the short format still gives the rest.
+TEST_F(ServiceOnProcessor, CurrentOperatorAnswers)
+{
+    const struct {
+        const char* longId;
+        const char* numericId;
+        unsigned long mode;
+        const char* longName;
+        const char* plmn;
+        int rat;
+    } rows[] = {
+        {"cops-3-0-cops-1", "cops-3-2-cops-1", 0, "vodafone ES", "21401", 2},
+        {"cops-17", "cops-18", 1, "CHINA MOBILE", "46000", 0},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.numericId);
+        std::string format;
+        const std::map<std::string, std::string> reads = {
+            {"0", Framed(ModemAnswerById(answers, row.longId).raw)},
+            {"2", Framed(ModemAnswerById(answers, row.numericId).raw)}};
+        modem.SetAnswer([&format, reads](const std::string& line) -> std::string {
+            if (line == "AT+COPS=3,0" || line == "AT+COPS=3,2") {
+                format = line.substr(line.size() - 1);
+                return "\r\nOK\r\n";
+            }
+            if (line == "AT+COPS?" && reads.count(format) != 0) {
+                return reads.at(format);
+            }
+            return testkit::ModemFallback(line);
+        });
+        unsigned long mode = 9, err = 0;
+        NETSRV_DATA::PLMNType plmn;
+        ASSERT_TRUE(service->SRVGetCurPlmn(&mode, &plmn, &err));
+        EXPECT_EQ(mode, row.mode);
+        EXPECT_STREQ(reinterpret_cast<const char*>(plmn.btPlmnName), "");
+        EXPECT_STREQ(reinterpret_cast<const char*>(plmn.btPlmnLongName), row.longName);
+        EXPECT_STREQ(plmn.szPlmn, row.plmn);
+        EXPECT_EQ(plmn.btRat, row.rat);
     }
 }
 
