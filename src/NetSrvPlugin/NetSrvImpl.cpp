@@ -105,6 +105,7 @@ CNetSrvImpl::~CNetSrvImpl()
     EmptyList(m_stBandList);
     EmptyList(m_stLteBandList);
     EmptyList(m_stAcqOrderList);
+    delete[] m_stPnnList.pstPnn;
 }
 
 void CNetSrvImpl::Release()

@@ -22,6 +22,7 @@
 #include "jthreadt.h"
 #include "NetSrvBandList.h"
 #include "NetSrvOnFailure.h"
+#include "NetSrvPnnName.h"
 
 // One "+COPS" reading of the registered operator: the name field that
 // matches the format in force is the one filled.
@@ -32,6 +33,9 @@ struct PlmnInfo {
     std::string strShortName;
     std::string strFullName;
 };
+
+class ReadSpnRsp;
+enum EnumQuerySpnSimType : int;
 
 class CNetSrvImpl : public INetSrv, public IAtCallBack, public IUniCommEvent,
                     public IDeviceMgrEvent {
@@ -214,6 +218,23 @@ private:
     bool SetReadPlmnFormat(NETSRV_DATA::EnumPlmnFormat enFormat);
     // One "+COPS?" reading.
     bool GetCrntPlmn(PlmnInfo& stInfo);
+
+    // The ICCID (digit pairs swapped into text) and the subscriber number
+    // (the record's hexadecimal text, and whether it is used); the caller's
+    // word gets a failure's code.
+    bool GetIccid(NETSRV_DATA::EFFile* pstFile, unsigned long* pdwStatus);
+    bool GetMsisdn(NETSRV_DATA::EFFile* pstFile, unsigned long* pdwStatus);
+    // The SIM's OPL rows and decoded PNN records ("^OPL", "^PNN").
+    bool GetOPLList(std::vector<OplInfo>& vctOpl);
+    bool GetPlmnNetworkNamenList(std::vector<PmnInfo>& vctPnn);
+    // The service provider name: "^SPN" for a 3GPP or a CDMA device (two
+    // kinds of storage each), the SIM's SPN file when "^SPN" is missing.
+    bool Get3gppSpn(NETSRV_DATA::SSpnDataType* pstSpn, unsigned long* pdwStatus);
+    bool GetCdmaSpn(NETSRV_DATA::SSpnDataType* pstSpn);
+    bool ReadSpn(EnumQuerySpnSimType enStorage, ReadSpnRsp& rsp, unsigned long& dwCode);
+    bool TakeSpn(NETSRV_DATA::SSpnDataType* pstSpn, ReadSpnRsp& rsp);
+    bool TakeCdmaSpn(NETSRV_DATA::SSpnDataType* pstSpn, ReadSpnRsp& rsp);
+    bool GetSpnByStdAT(NETSRV_DATA::SSpnDataType* pstSpn);
 
     // The network configuration's extended reading and setting ("^SYSCFGEX")
     // and its test form, alone; the public operations fall back to the older

@@ -336,4 +336,38 @@ TEST_F(ServiceOnProcessor, CurrentOperatorAnswers)
     }
 }
 
+// The SIM files of real SIMs: ICCIDs (garbled and short ones too) and the
+// SPN file, read because the modem answers ERROR to "^SPN".
+TEST_F(ServiceOnProcessor, SimFileAnswers)
+{
+    const struct {
+        const char* id;
+        const char* iccid;
+    } rows[] = {
+        {"crsm-iccid-1", "8944200053671052499F"}, {"crsm-iccid-2", "984402003576012594F9"},
+        {"crsm-iccid-3", "98231420326409614067"}, {"crsm-iccid-4", "9868200C214365870921"},
+        {"crsm-iccid-5", "8932410223p69l160476"}, {"crsm-iccid-6", "004402003576012594"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.id);
+        modem.SetAnswer(testkit::AnswerTable(
+            {{"AT+CRSM=176,12258,0,0,10",
+              Framed("+CRSM: 144,0," + ModemAnswerById(answers, row.id).raw)}}));
+        NETSRV_DATA::EFFile file;
+        unsigned long err = 0;
+        ASSERT_TRUE(service->SRVGetEFFile(NETSRV_DATA::EF_ICCID, &file, &err));
+        EXPECT_STREQ(file.szFile, row.iccid);
+    }
+    for (const char* id : {"crsm-spn-1", "crsm-spn-2"}) {
+        SCOPED_TRACE(id);
+        AnswerWith("AT+CRSM=176,28486,0,0,17", id);
+        NETSRV_DATA::SSpnDataType spn;
+        unsigned long err = 0;
+        ASSERT_TRUE(service->SRVGetSpnData(&spn, &err));
+        EXPECT_EQ(spn.btDisplay, 0);
+        EXPECT_EQ(std::u16string(spn.SpnData, spn.SpnData + 7), u"THURAYA");
+        EXPECT_EQ(spn.SpnData[7], 0);
+    }
+}
+
 }  // namespace
