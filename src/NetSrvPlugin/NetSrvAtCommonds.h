@@ -167,6 +167,19 @@ public:
     NETSRV_AT_PARAMS(INDEX_CRSM, 5, cmdtype)
 };
 
+// One restricted-access read of a SIM file.
+inline CrsmCmd CrsmReadOf(CRSM_COMMAND enCommand, CRSM_FILEID enFile, uint64 uP1, uint64 uP2,
+                          uint64 uP3)
+{
+    CrsmCmd cmd;
+    cmd.cmdtype = static_cast<uint64>(enCommand);
+    cmd.Fileid = static_cast<uint64>(enFile);
+    cmd.P1 = uP1;
+    cmd.P2 = uP2;
+    cmd.P3 = uP3;
+    return cmd;
+}
+
 class CrsmCmdRsp : public ICommand {
 public:
     STRING Sw1;

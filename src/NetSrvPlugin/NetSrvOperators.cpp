@@ -66,12 +66,7 @@ bool CNetSrvImpl::SRVGetHomePLMN(PLMNType* pstPlmn, unsigned long* pdwStatus)
     }
     *pstPlmn = PLMNType();
 
-    CrsmCmd readAd;
-    readAd.cmdtype = uint64{CRSM_COMMAND_BINARY_READ};
-    readAd.Fileid = uint64{CRSM_FILEID_EFAD};
-    readAd.P1 = uint64{0};
-    readAd.P2 = uint64{0};
-    readAd.P3 = uint64{CRSM_P3_EFAD};
+    CrsmCmd readAd = CrsmReadOf(CRSM_COMMAND_BINARY_READ, CRSM_FILEID_EFAD, 0, 0, CRSM_P3_EFAD);
     CrsmCmdRsp adRsp;
     if (!ExecuteWithResponse(readAd, adRsp, OnFailure(pdwStatus).Trace("SRVGetHomePLMN() CrsmCmd error"))) {
         return false;

@@ -29,17 +29,6 @@ const uint64 kFromSimFiles = 1;
 const char* const kAnyNetwork = "FFFFFF";
 const int kNameUnits = 256;
 
-CrsmCmd ReadOfFile(CRSM_COMMAND enCommand, CRSM_FILEID enFile, uint64 uP1, uint64 uP2, uint64 uP3)
-{
-    CrsmCmd cmd;
-    cmd.cmdtype = static_cast<uint64>(enCommand);
-    cmd.Fileid = static_cast<uint64>(enFile);
-    cmd.P1 = uP1;
-    cmd.P2 = uP2;
-    cmd.P3 = uP3;
-    return cmd;
-}
-
 // A hexadecimal text of the modem's name answer: coding 0 is the GSM 7-bit
 // alphabet, any other UCS2.
 template <size_t N>
@@ -89,7 +78,7 @@ bool CNetSrvImpl::SRVGetEFFile(EFType enType, EFFile* pstFile, unsigned long* pd
 
 bool CNetSrvImpl::GetIccid(EFFile* pstFile, unsigned long* pdwStatus)
 {
-    CrsmCmd cmd = ReadOfFile(CRSM_COMMAND_BINARY_READ, CRSM_FILEID_ICCID, 0, 0, kIccidBytes);
+    CrsmCmd cmd = CrsmReadOf(CRSM_COMMAND_BINARY_READ, CRSM_FILEID_ICCID, 0, 0, kIccidBytes);
     CrsmCmdRsp rsp;
     if (!ExecuteWithResponse(cmd, rsp,
                              OnFailure(pdwStatus).CallerWordOnly().Trace(
@@ -110,7 +99,7 @@ bool CNetSrvImpl::GetIccid(EFFile* pstFile, unsigned long* pdwStatus)
 
 bool CNetSrvImpl::GetMsisdn(EFFile* pstFile, unsigned long* pdwStatus)
 {
-    CrsmCmd cmd = ReadOfFile(CRSM_COMMAND_READ_RECORD, CRSM_FILEID_MSISDN, kMsisdnRecord,
+    CrsmCmd cmd = CrsmReadOf(CRSM_COMMAND_READ_RECORD, CRSM_FILEID_MSISDN, kMsisdnRecord,
                              kAbsoluteRecord, kMsisdnBytes);
     CrsmCmdRsp rsp;
     // The failure's message names the ICCID reading, as it always has.

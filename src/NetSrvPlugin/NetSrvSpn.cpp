@@ -177,12 +177,7 @@ bool CNetSrvImpl::ReadSpn(EnumQuerySpnSimType enStorage, ReadSpnRsp& rsp, unsign
 
 bool CNetSrvImpl::GetSpnByStdAT(SSpnDataType* pstSpn)
 {
-    CrsmCmd cmd;
-    cmd.cmdtype = uint64{CRSM_COMMAND_BINARY_READ};
-    cmd.Fileid = uint64{CRSM_FILEID_SPN};
-    cmd.P1 = uint64{0};
-    cmd.P2 = uint64{0};
-    cmd.P3 = uint64{CRSM_P3_SPN};
+    CrsmCmd cmd = CrsmReadOf(CRSM_COMMAND_BINARY_READ, CRSM_FILEID_SPN, 0, 0, CRSM_P3_SPN);
     CrsmSPNRsp rsp;
     if (!ExecuteWithResponse(cmd, rsp, OnFailure())) {
         return false;
