@@ -150,7 +150,7 @@ int main(int argc, char** argv)
 
     auto* pConfig = app.add_subcommand(
         "config", "network configuration: acquisition order, band mask, roaming, service "
-                  "domain, LTE band mask");
+                  "domain, LTE band mask; \"config set\" changes it");
     pConfig->require_subcommand(0, 1);
     auto* pConfigSet = pConfig->add_subcommand(
         "set", "change the network configuration; what is not given stays as it is, and a "
