@@ -131,7 +131,9 @@ TEST(NetsrvctlOfferedBands, NamesAllBandsAndWhatIsOffered)
                                      "WCDMA1900/WCDMA2100", true},
         // Two group entries together are offered, but have no name of their own.
         {0x2000004E80380 | 0x3FFFFFFF, kLteOffer, nullptr, true},
-        {0x80, kLteOffer, nullptr, false},
+        // Any part of what the lists hold is offered, named or not.
+        {0x80, kLteOffer, nullptr, true},
+        {0x4000000000000000, kLteOffer, nullptr, false},
         {0x80080, kSingleBandOffer, "GSM1800, GSM850", true},
         {0x80081, kSingleBandOffer, "GSM1800, GSM850 and unlisted 1", false},
         {0x1, kSingleBandOffer, nullptr, false},
@@ -176,6 +178,7 @@ TEST(NetsrvctlConfigChange, ChangesWhatTheModemOffersAndRefusesTheRest)
 {
     const NetConfigurationExType lteModem = Config("00", 0x3FFFFFFF, 1, 2, 0x7FFFFFFFFFFFFFFF);
     const NetConfigurationExType olderModem = Config("0201", 0x80, 1, 2, 0);
+    const NetConfigurationExType automaticOlderModem = Config("", 0x80, 1, 2, 0);
     const ModemOffer none;
     auto change = [](const char* mode, const char* band, const char* lteBand) {
         ConfigChange c;
@@ -201,17 +204,30 @@ TEST(NetsrvctlConfigChange, ChangesWhatTheModemOffersAndRefusesTheRest)
         {lteModem, kLteOffer, change(nullptr, "all", "all"),
          R"J({"acq_order":"00","band":"3FFFFFFF","lte_band":"7FFFFFFFFFFFFFFF"})J", ""},
         {lteModem, kLteOffer, roamAndDomain, R"J({"roam":0,"roam_name":"roaming not allowed","domain":4,"domain_name":"no change"})J", ""},
-        {lteModem, kLteOffer, change("030201", nullptr, nullptr), nullptr,
-         "--mode 030201: the modem offers 00, 03, 02, 01, 99"},
+        // Not listed whole, but each of its systems is.
+        {lteModem, kLteOffer, change("lte,wcdma,gsm", nullptr, nullptr),
+         R"J({"acq_order":"030201","acq_order_name":"LTE, then WCDMA, then GSM"})J", ""},
+        {lteModem, kLteOffer, change("lte,cdma", nullptr, nullptr), nullptr,
+         "--mode 0304: the modem offers 00, 03, 02, 01, 99, or several of its systems in order"},
         // The mode was offered; the band is not, and nothing changes.
-        {lteModem, kLteOffer, change("lte", "0x80", nullptr), nullptr,
-         "--band 80: the modem offers 2000004E80380 (GSM850/GSM900/GSM1800/GSM1900/WCDMA850/"
-         "WCDMA900/WCDMA1900/WCDMA2100), 3FFFFFFF (All Bands), or several of them together"},
+        {lteModem, kLteOffer, change("lte", "4000000000000080", nullptr), nullptr,
+         "--band 4000000000000080: the modem offers 2000004E80380 (GSM850/GSM900/GSM1800/"
+         "GSM1900/WCDMA850/WCDMA900/WCDMA1900/WCDMA2100), 3FFFFFFF (All Bands), or any part "
+         "of them"},
         {olderModem, kSingleBandOffer, change("gsm", "480000", nullptr),
          R"J({"acq_order":"01","acq_order_name":"GSM","band":"480000"})J", ""},
         {olderModem, kSingleBandOffer, change("auto", nullptr, nullptr), nullptr,
          "--mode 00: the modem lists no acquisition orders; its configuration takes 01, 02, "
          "0201, 0102, 05"},
+        // Only a listed order, not its systems one by one.
+        {olderModem, kSingleBandOffer, change("gsm,wcdma,td-scdma", nullptr, nullptr), nullptr,
+         "--mode 010205: the modem lists no acquisition orders; its configuration takes 01, "
+         "02, 0201, 0102, 05"},
+        // An automatic older modem reads as no order, which cannot be kept.
+        {automaticOlderModem, kSingleBandOffer, roamAndDomain, nullptr,
+         "the modem's acquisition order reads as none and cannot be written back: give --mode; "
+         "the modem lists no acquisition orders; its configuration takes 01, 02, 0201, 0102, "
+         "05"},
         {olderModem, kSingleBandOffer, change(nullptr, nullptr, "1"), nullptr,
          "--lte-band 1: the modem lists no LTE bands"},
         {olderModem, none, change(nullptr, "all", nullptr), nullptr,

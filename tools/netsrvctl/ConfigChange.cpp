@@ -27,18 +27,37 @@ std::string JoinedOrders(const std::vector<std::string>& orders)
     return text;
 }
 
-bool ChooseAcqOrder(const std::string& acqOrder, const ModemOffer& offer, std::string* pRefusal)
+// What the modem takes as its acquisition order, said for a refusal.
+std::string AcqOrdersTaken(const ModemOffer& offer)
 {
-    const bool bListed = !offer.acqOrders.empty();
-    const std::vector<std::string>& orders = bListed ? offer.acqOrders : OlderModemAcqOrders();
-    if (std::find(orders.begin(), orders.end(), acqOrder) != orders.end()) {
+    return offer.acqOrders.empty()
+               ? "the modem lists no acquisition orders; its configuration takes " +
+                     JoinedOrders(OlderModemAcqOrders())
+               : "the modem offers " + JoinedOrders(offer.acqOrders) +
+                     ", or several of its systems in order";
+}
+
+// A listed order, or a run of systems each listed on its own ("030201"
+// where "03", "02" and "01" are listed), as ^SYSCFGEX takes them.
+bool IsOfferedAcqOrder(const std::string& acqOrder, const ModemOffer& offer)
+{
+    const std::vector<std::string>& orders =
+        offer.acqOrders.empty() ? OlderModemAcqOrders() : offer.acqOrders;
+    auto listed = [&orders](const std::string& order) {
+        return std::find(orders.begin(), orders.end(), order) != orders.end();
+    };
+    if (listed(acqOrder)) {
         return true;
     }
-    *pRefusal = "--mode " + acqOrder + ": " +
-                (bListed ? "the modem offers " : "the modem lists no acquisition orders; its "
-                                                 "configuration takes ") +
-                JoinedOrders(orders);
-    return false;
+    if (offer.acqOrders.empty() || acqOrder.size() % 2 != 0) {
+        return false;
+    }
+    for (size_t i = 0; i < acqOrder.size(); i += 2) {
+        if (!listed(acqOrder.substr(i, 2))) {
+            return false;
+        }
+    }
+    return true;
 }
 
 // The mask a band option stands for, when the modem offers it.
@@ -58,7 +77,7 @@ std::optional<uint64_t> ChooseMask(const char* pszOption, const char* pszBands,
     }
     if (!IsOfferedMask(choice.mask, offered)) {
         *pRefusal = shown + "the modem offers " + OfferedBandsText(offered) +
-                    ", or several of them together";
+                    ", or any part of them";
         return std::nullopt;
     }
     return choice.mask;
@@ -85,11 +104,18 @@ bool ApplyConfigChange(NETSRV_DATA::NetConfigurationExType* pConfig, const Confi
 {
     NETSRV_DATA::NetConfigurationExType changed = *pConfig;
     if (change.acqOrder) {
-        if (!ChooseAcqOrder(*change.acqOrder, offer, pRefusal)) {
+        if (!IsOfferedAcqOrder(*change.acqOrder, offer)) {
+            *pRefusal = "--mode " + *change.acqOrder + ": " + AcqOrdersTaken(offer);
             return false;
         }
         std::memset(changed.szAcqorder, 0, sizeof(changed.szAcqorder));
         change.acqOrder->copy(changed.szAcqorder, sizeof(changed.szAcqorder) - 1);
+    } else if (changed.szAcqorder[0] == '\0') {
+        // An older modem's order that the service could not put into words
+        // (automatic, say) would be written back as no mode at all.
+        *pRefusal = "the modem's acquisition order reads as none and cannot be written back: "
+                    "give --mode; " + AcqOrdersTaken(offer);
+        return false;
     }
     if (change.band) {
         const auto mask = ChooseMask("--band", "bands", *change.band, offer.bands, pRefusal);

@@ -36,9 +36,12 @@ struct ConfigChange {
 
 // The configuration with the change made, everything else as it was read.
 // False, with a one-line reason that lists what the modem offers, when the
-// acquisition order, band or LTE band is not among the modem's. A modem
-// that lists no acquisition orders (one without ^SYSCFGEX) takes the orders
-// that its older configuration can express: 01, 02, 0201, 0102 and 05.
+// acquisition order, band or LTE band is not among the modem's (an order is
+// offered when it is listed or when each of its systems is). A modem that
+// lists no acquisition orders (one without ^SYSCFGEX) takes the orders that
+// its older configuration can express: 01, 02, 0201, 0102 and 05. An order
+// that reads as none (an older modem's automatic mode, which the service
+// does not put into words) cannot be written back: the change must give one.
 bool ApplyConfigChange(NETSRV_DATA::NetConfigurationExType* pConfig, const ConfigChange& change,
                        const ModemOffer& offer, std::string* pRefusal);
 

@@ -91,13 +91,11 @@ std::optional<uint64_t> AllBandsMask(const std::vector<OfferedBand>& offered)
 
 bool IsOfferedMask(uint64_t mask, const std::vector<OfferedBand>& offered)
 {
-    uint64_t covered = 0;
+    uint64_t all = 0;
     for (const OfferedBand& band : offered) {
-        if ((band.mask & ~mask) == 0) {
-            covered |= band.mask;
-        }
+        all |= band.mask;
     }
-    return mask != 0 && covered == mask;
+    return mask != 0 && (mask & ~all) == 0;
 }
 
 std::string OfferedBandsText(const std::vector<OfferedBand>& offered)

@@ -42,8 +42,9 @@ std::optional<std::string> BandMaskName(uint64_t mask, const std::vector<Offered
 // list.
 std::optional<uint64_t> AllBandsMask(const std::vector<OfferedBand>& offered);
 
-// A mask the modem offers is a listed mask or several of them together; 0
-// is none.
+// A mask the modem offers lies within its listed masks: one of them, some
+// together, or any part of them, as a modem takes any of its bands. 0 is
+// none.
 bool IsOfferedMask(uint64_t mask, const std::vector<OfferedBand>& offered);
 
 // "2000004E80380 (GSM850/GSM900), 3FFFFFFF (All bands)", for a refusal.
