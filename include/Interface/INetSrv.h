@@ -93,6 +93,11 @@ public:
     virtual bool SRVGetSystemInfoEx(NETSRV_DATA::SystemInfo& rSysInfo) = 0;
     virtual bool SRVGetPLMNControlMode(NETSRV_DATA::UPLMN_MODE* penMode) = 0;
     virtual bool SRVSetPLMNControlMode(NETSRV_DATA::UPLMN_MODE enMode) = 0;
+    // The SIM's preferred operators ("+CPOL?"), one row per line the modem
+    // gave, in an array the service allocates into pstUPLMN; size is not
+    // written. The rows end at the first row whose index is empty: the array
+    // always holds one such row after the last operator. Hand the list back
+    // through SRVReleasePLMNPreferList.
     virtual bool SRVGetPLMNPreferList(NETSRV_DATA::UPLMNList* pstList) = 0;
     virtual bool SRVReleasePLMNPreferList(NETSRV_DATA::UPLMNList* pstList) = 0;
     virtual bool SRVSetPLMNPreferInfo(NETSRV_DATA::UPLMNInfo& stInfo) = 0;

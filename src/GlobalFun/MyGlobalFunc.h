@@ -3,6 +3,7 @@
 #ifndef GLOBALFUN_MYGLOBALFUNC_H
 #define GLOBALFUN_MYGLOBALFUNC_H
 
+#include <cstring>
 #include <string>
 
 typedef std::basic_string<unsigned short> QIRA_wstring;
@@ -23,5 +24,13 @@ bool QIRA_wcscmp(QIRA_wstring s1, QIRA_wstring s2);
 bool QIRA_wcscmp_nos(QIRA_wstring s1, QIRA_wstring s2);
 bool QIRA_wcsncmp(QIRA_wstring s1, QIRA_wstring s2, unsigned int n);
 void QIRA_strcpy(char* dst, const char* src, unsigned int dstLen);
+
+// A record's text field as a string: up to its terminator, or the whole field
+// when a caller filled it to the end without one.
+template <size_t N>
+std::string FieldText(const char (&szField)[N])
+{
+    return std::string(szField, strnlen(szField, N));
+}
 
 #endif

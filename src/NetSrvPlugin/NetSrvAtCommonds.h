@@ -99,6 +99,64 @@ public:                                                                         
 // "+CRSM: 144, 0, 0054485552415941FFFFFFFFFFFFFFFFFF": restricted SIM access;
 // the SPN reading takes the data as BINARY, the other files as text.
 
+// The restricted-access commands, the SIM files the service reads with them
+// and the lengths it reads.
+enum CRSM_COMMAND {
+    CRSM_COMMAND_BINARY_READ = 176,
+    CRSM_COMMAND_READ_RECORD = 178,
+    CRSM_COMMAND_READ_RESPOND = 195,
+    CRSM_COMMAND_BINARY_UPDATE = 214,
+    CRSM_COMMAND_RECORD_UPDATE = 220,
+    CRSM_COMMAND_GET_STATUS = 242
+};
+
+enum CRSM_FILEID {
+    CRSM_FILEID_ICCID = 12258,
+    CRSM_FILEID_SPN = 28486,
+    CRSM_FILEID_MSISDN = 28480,
+    CRSM_FILEID_EFAD = 28589,   // administrative data: the MNC's length
+    CRSM_FILEID_SIM_BRAND = 28670
+};
+
+enum CRSM_P3 {
+    CRSM_P3_MAX = 255,
+    CRSM_P3_EFAD = 5,
+    CRSM_P3_SPN = 17,
+    CRSM_P3_SIM_BRAND = 66
+};
+
+// A network name element of the SIM's PNN file: its tag, and the bits of its
+// coding octet.
+enum EnumPnnFileTag {
+    PNN_FILE_TAG_FULL_NAME = 0x43,
+    PNN_FILE_TAG_SHORT_NAME = 0x45
+};
+
+enum EnumPnnCoding {
+    PNN_CODING_GSM7 = 0,
+    PNN_CODING_UCS2 = 0x10
+};
+
+enum EnumPnnCITag {
+    PNN_CI_TAG_NOT_ADD = 0,
+    PNN_CI_TAG_ADD = 8
+};
+
+// The storage that "^SPN" is asked about, and the codings of its CDMA answer.
+enum EnumQuerySpnSimType : int {
+    SPN_TYPE_GSM = 0,
+    SPN_TYPE_USIM = 1,
+    SPN_TYPE_UIM = 2,
+    SPN_TYPE_ROM = 3
+};
+
+enum EnumCdmaCodingType {
+    CDMA_CODING_OCTET = 0,
+    CDMA_CODING_7BIT_ASSCII = 2,
+    CDMA_CODING_UNICODE = 4,
+    CDMA_CODING_GSM_7BIT_DEFAULT_ALPHABET = 9
+};
+
 class CrsmCmd : public ICommand {
 public:
     NUMERIC cmdtype;

@@ -101,6 +101,11 @@ CNetSrvImpl::~CNetSrvImpl()
     } catch (...) {
     }
     m_pContainer = nullptr;
+    // Lists a client never handed back.
+    EmptyList(m_stBandList);
+    EmptyList(m_stLteBandList);
+    EmptyList(m_stAcqOrderList);
+    delete[] m_stPnnList.pstPnn;
 }
 
 void CNetSrvImpl::Release()

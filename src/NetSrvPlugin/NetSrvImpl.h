@@ -20,7 +20,22 @@
 #include "Interface/IUniCommEvent.h"
 #include "jmutex.h"
 #include "jthreadt.h"
+#include "NetSrvBandList.h"
 #include "NetSrvOnFailure.h"
+#include "NetSrvPnnName.h"
+
+// One "+COPS" reading of the registered operator: the name field that
+// matches the format in force is the one filled.
+struct PlmnInfo {
+    DWORD dwNetMode = 0;
+    int nRat = 0;
+    std::string strPlmnId;
+    std::string strShortName;
+    std::string strFullName;
+};
+
+class ReadSpnRsp;
+enum EnumQuerySpnSimType : int;
 
 class CNetSrvImpl : public INetSrv, public IAtCallBack, public IUniCommEvent,
                     public IDeviceMgrEvent {
@@ -196,6 +211,57 @@ private:
     bool GetCurrentGWSignalPer(int& iPer);
     bool GetCurrentCDMAMODESignalPer(int& iPer);
 
+    // Body of the operator-search thread: "+COPS=?" without a response (its
+    // lines reach the report dispatcher); a failed search reports an empty list.
+    void GetPlmnListProc();
+    // "+COPS=3,<format>": the name format of later "+COPS?" readings.
+    bool SetReadPlmnFormat(NETSRV_DATA::EnumPlmnFormat enFormat);
+    // One "+COPS?" reading.
+    bool GetCrntPlmn(PlmnInfo& stInfo);
+
+    // The ICCID (digit pairs swapped into text) and the subscriber number
+    // (the record's hexadecimal text, and whether it is used); the caller's
+    // word gets a failure's code.
+    bool GetIccid(NETSRV_DATA::EFFile* pstFile, unsigned long* pdwStatus);
+    bool GetMsisdn(NETSRV_DATA::EFFile* pstFile, unsigned long* pdwStatus);
+    // The SIM's OPL rows and decoded PNN records ("^OPL", "^PNN").
+    bool GetOPLList(std::vector<OplInfo>& vctOpl);
+    bool GetPlmnNetworkNamenList(std::vector<PmnInfo>& vctPnn);
+    // The service provider name: "^SPN" for a 3GPP or a CDMA device (two
+    // kinds of storage each), the SIM's SPN file when "^SPN" is missing.
+    bool Get3gppSpn(NETSRV_DATA::SSpnDataType* pstSpn, unsigned long* pdwStatus);
+    bool GetCdmaSpn(NETSRV_DATA::SSpnDataType* pstSpn);
+    bool ReadSpn(EnumQuerySpnSimType enStorage, ReadSpnRsp& rsp, unsigned long& dwCode);
+    bool TakeSpn(NETSRV_DATA::SSpnDataType* pstSpn, ReadSpnRsp& rsp);
+    bool TakeCdmaSpn(NETSRV_DATA::SSpnDataType* pstSpn, ReadSpnRsp& rsp);
+    bool GetSpnByStdAT(NETSRV_DATA::SSpnDataType* pstSpn);
+
+    // The network configuration's extended reading and setting ("^SYSCFGEX")
+    // and its test form, alone; the public operations fall back to the older
+    // command when these fail. A TD-SCDMA device fails the first two at once,
+    // without a code.
+    bool GetNetConfigurationEx(NETSRV_DATA::NetConfigurationExType* pstConfig,
+                               unsigned long* pdwStatus);
+    bool SetNetConfigurationEx(const NETSRV_DATA::NetConfigurationExType& stConfig,
+                               unsigned long* pdwStatus);
+    bool GetBandListEx(NETSRV_DATA::BandList* pstBandList, NETSRV_DATA::BandList* pstLteBandList,
+                       NETSRV_DATA::AcqOrderList* pstAcqOrderList, unsigned long* pdwStatus);
+    // Between the extended record and the older one: acquisition text to mode
+    // and order, and back. Only those fields are touched, and only when the
+    // text (or the pair) is one the older command can express.
+    void SRVTransformSyscfgexStruct(const NETSRV_DATA::NetConfigurationExType& stConfigEx,
+                                    NETSRV_DATA::NetConfigurationType& stConfig);
+    void SRVTransformSyscfgStruct(const NETSRV_DATA::NetConfigurationType& stConfig,
+                                  NETSRV_DATA::NetConfigurationExType& stConfigEx);
+    // The checks before a configuration reading or setting: false (traced, no
+    // word written) without an AT processor or a device service; otherwise
+    // the device's kind.
+    bool DeviceKindForConfiguration(int& iKind);
+    // A band group of the test form into one of the service's band lists and
+    // the caller's copy of it; nothing changes when the group has no item.
+    bool TakeBandGroup(const std::string& strGroup, NETSRV_DATA::BandList& stMember,
+                       NETSRV_DATA::BandList& stCallers);
+
     // ---- The road of every command to the modem ----------------------------
     //
     // The rule for an operation, new ones included:
@@ -292,6 +358,10 @@ private:
     NETSRV_DATA::BandList m_stBandList;
     NETSRV_DATA::BandList m_stLteBandList;
     NETSRV_DATA::AcqOrderList m_stAcqOrderList;
+    // Arrays of the lists above that a newer query replaced while a client
+    // could still hold them; freed with the service.
+    RetiredArrays<NETSRV_DATA::BandList> m_vctRetiredBandArrays;
+    RetiredArrays<NETSRV_DATA::AcqOrderList> m_vctRetiredAcqOrderArrays;
     NETSRV_DATA::SystemInfo m_Sysinfo;
     NETSRV_DATA::SPNNList m_stPnnList;
     // Flags read and written without a lock; atomic so that the threads that

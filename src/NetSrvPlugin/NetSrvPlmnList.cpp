@@ -6,6 +6,17 @@
 
 using namespace NETSRV_DATA;
 
+namespace {
+
+// MCC and MNC: five or six digits.
+bool IsOperatorIdentity(const std::string& strPlmnId)
+{
+    return (strPlmnId.size() == 5 || strPlmnId.size() == 6) &&
+           strPlmnId.find_first_not_of("0123456789") == std::string::npos;
+}
+
+}  // namespace
+
 std::vector<std::string> SplitOperatorGroup(const std::string& strGroup)
 {
     const std::size_t nOpen = strGroup.find('(');
@@ -54,8 +65,10 @@ void ParsePlmnList(const Command& report, SPlmnList& rList)
         // Fills nothing unless the report really is a "+COPS" answer.
         CommandCast(group, &rsp);
         const std::string strPlmnId = TakeOutDoubleQuotationMarks(rsp.PlmnId.ToString());
-        if (strPlmnId.empty()) {
-            continue;   // a stray fragment of a malformed reply, not an operator
+        if (!IsOperatorIdentity(strPlmnId)) {
+            // A stray fragment of a malformed reply, or the group of supported
+            // modes of a modem that found no operator: not an operator.
+            continue;
         }
 
         SPlmnInfo& entry = rList.stPlmn[rList.btPlmnNumber];

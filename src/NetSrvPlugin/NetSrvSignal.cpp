@@ -9,13 +9,11 @@
 #include <memory>
 #include <new>
 
-#include "GlobalFunction.h"
-#include "Interface/IDeviceService.h"
 #include "NetSrvAtCommonds.h"
+#include "NetSrvDevice.h"
 #include "NetSrvHcsq.h"
 #include "NetSrvImpl.h"
 #include "NetSrvOutputs.h"
-#include "NetSrvPlugin.h"
 #include "NetSrvSignalMath.h"
 #include "NetSrvTrace.h"
 
@@ -62,18 +60,6 @@ private:
     std::unique_ptr<NETSRV_DATA::HCSQ_INFO> m_pInfo;
     bool m_bRead = false;
 };
-
-// The kind of the attached device; unknown when the host has no device service.
-int DeviceKind()
-{
-    IDeviceService* pDeviceService = CGlobalFunction::GetPluginInterface<IDeviceService*>(
-        IDEVICESERVICE_INTERFACE_ID, IDEVICESERVICE_INTERFACE_NO,
-        CNetSrvPlugin::GetPluginContainer());
-    if (pDeviceService == nullptr) {
-        return DevDataDef::PRODUCT_TYPE_UNKNOW;
-    }
-    return pDeviceService->GetProductType();
-}
 
 // The last fall-back of every signal bar: the "+CSQ" rssi (TD-SCDMA's offset
 // already taken off) through the bar's formula. pszFailure is traced when

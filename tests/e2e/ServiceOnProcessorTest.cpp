@@ -4,10 +4,13 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <map>
 #include <memory>
 #include <string>
 
 #include "AtProcessor.h"
+#include "EventRecorder.h"
 #include "FakePluginHost.h"
 #include "Interface/IDeviceMgrEvent.h"
 #include "ModemAnswers.h"
@@ -41,6 +44,8 @@ protected:
         ASSERT_TRUE(processor->Open(&error)) << error;
         container.Register(IPROCESSOR_INTERFACE_ID, IPROCESSOR_INTERFACE_NO,
                            static_cast<IProcessor*>(processor.get()));
+        container.Register(IDEVICESERVICE_INTERFACE_ID, IDEVICESERVICE_INTERFACE_NO,
+                           static_cast<IDeviceService*>(&deviceService));
         plugin.SetPluginContainer(&container);
         IBaseInterface* pInterface = nullptr;
         ASSERT_TRUE(plugin.QueryInterface(INETSRV_INTERFACE_NO, &pInterface));
@@ -63,6 +68,7 @@ protected:
     const std::vector<testkit::ModemAnswer> answers = testkit::LoadModemAnswers();
     ScriptedModem modem;
     std::unique_ptr<host::CAtProcessor> processor;
+    testkit::FakeDeviceService deviceService;
     testkit::FakeContainer container;
     CNetSrvPlugin plugin;
     CNetSrvImpl* service = nullptr;
@@ -190,6 +196,177 @@ TEST_F(ServiceOnProcessor, RegistrationAndPreferredModeAnswers)
         unsigned long err = 0;
         ASSERT_TRUE(service->SRVGetCDMAPrefMod(&mode, &err));
         EXPECT_EQ(mode, pref.second);
+    }
+}
+
+// Every configuration answer of the fixtures: the extended and the older
+// reading (the modems without "^SYSCFGEX" answer ERROR to it), then the lists.
+TEST_F(ServiceOnProcessor, ConfigurationAnswers)
+{
+    const struct {
+        const char* line;
+        const char* id;
+        const char* expected;   // acquisition text, band, roam, domain, LTE band
+    } reads[] = {
+        {"AT^SYSCFGEX?", "syscfgex-3", "00,3fffffff,1,2,7fffffffffffffff"},
+        {"AT^SYSCFGEX?", "syscfgex-4", "02,3fffffff,1,2,7fffffffffffffff"},
+        {"AT^SYSCFGEX?", "syscfgex-5", "00,3fffffff,1,2,0"},
+        {"AT^SYSCFGEX?", "syscfgex-6", "02,3fffffff,1,2,0"},
+        {"AT^SYSCFGEX?", "syscfgex-7", "0201,3fffffff,1,2,0"},
+        // Mode 2 order 0 has no acquisition text; 14 is WCDMA only.
+        {"AT^SYSCFG?", "syscfg-2", ",400000,0,3,0"},
+        {"AT^SYSCFG?", "syscfg-3", "0201,400000,0,3,0"},
+        {"AT^SYSCFG?", "syscfg-4", "02,400000,0,3,0"},
+        {"AT^SYSCFG?", "syscfg-5", "02,400000,0,3,0"},
+    };
+    for (const auto& row : reads) {
+        SCOPED_TRACE(row.id);
+        AnswerWith(row.line, row.id);
+        NETSRV_DATA::NetConfigurationExType config;
+        unsigned long err = 0;
+        ASSERT_TRUE(service->SRVGetNetConfigurationEx(&config, &err));
+        char hex[2][17];
+        std::snprintf(hex[0], sizeof(hex[0]), "%llx", static_cast<unsigned long long>(config.dwBand));
+        std::snprintf(hex[1], sizeof(hex[1]), "%llx",
+                      static_cast<unsigned long long>(config.dwLteBand));
+        EXPECT_EQ(std::string(config.szAcqorder) + "," + hex[0] + "," +
+                      std::to_string(config.dwRoam) + "," + std::to_string(config.dwDomain) +
+                      "," + hex[1],
+                  row.expected);
+    }
+
+    const struct {
+        const char* line;
+        const char* id;
+        int orders;
+        const char* lastBand;
+        int lteBands;
+    } lists[] = {
+        {"AT^SYSCFGEX=?", "syscfgex-1", 5, "All Bands", 2},
+        {"AT^SYSCFGEX=?", "syscfgex-2", 1, "All Bands", 2},
+        {"AT^SYSCFG=?", "syscfg-1", 0, "All bands", 0},
+    };
+    for (const auto& row : lists) {
+        SCOPED_TRACE(row.id);
+        AnswerWith(row.line, row.id);
+        NETSRV_DATA::BandList bands, lte;
+        NETSRV_DATA::AcqOrderList orders;
+        unsigned long err = 0;
+        ASSERT_TRUE(service->SRVGetBandListEx(&bands, &lte, &orders, &err));
+        EXPECT_EQ(orders.nSize, row.orders);
+        EXPECT_EQ(lte.nSize, row.lteBands);
+        ASSERT_GT(bands.nSize, 1);
+        EXPECT_STREQ(bands.pstList[bands.nSize - 1].szBandName, row.lastBand);
+        EXPECT_EQ(bands.pstList[bands.nSize - 1].dwBand, 0x3FFFFFFFu);
+        ASSERT_TRUE(service->SRVReleaseBandListEx(&bands, &lte, &orders, &err));
+    }
+}
+
+// Every search answer of the fixtures, malformed ones included, reaches the
+// client as one list event with the operators that can be read.
+TEST_F(ServiceOnProcessor, SearchAnswersBecomeOneListEvent)
+{
+    const struct {
+        const char* id;
+        int count;
+        const char* first;   // numeric identity of the first operator
+    } rows[] = {
+        {"cops-1", 3, "31026"},  {"cops-2", 3, "31026"},  {"cops-3", 3, "31026"},
+        {"cops-4", 2, "310260"}, {"cops-5", 2, "310410"}, {"cops-6", 3, "310410"},
+        {"cops-7", 2, "31026"},  {"cops-8", 3, "31026"},  {"cops-11", 3, "31026"},
+        {"cops-14", 2, "310260"}, {"cops-15", 4, "26201"}, {"cops-16", 0, ""},
+    };
+    testkit::EventRecorder events;
+    service->SRVRegisterCallback(&events);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.id);
+        events.Clear();
+        AnswerWith("AT+COPS=?", row.id);
+        unsigned long err = 0;
+        // A start is refused while the last search's thread is still ending.
+        ASSERT_TRUE(testkit::WaitUntil([&] { return service->SRVGetPLMNList(&err); },
+                                       std::chrono::seconds(5)));
+        ASSERT_TRUE(events.WaitForCount(1, std::chrono::seconds(5)));
+        const NETSRV_DATA::SPlmnList list = events.Events()[0].plmnList;
+        EXPECT_EQ(list.btPlmnNumber, row.count);
+        EXPECT_STREQ(list.stPlmn[0].szPlmnID, row.first);
+    }
+    service->SRVUnRegisterCallback(&events);
+}
+
+// The registered operator from the read answers of the fixtures, one format at
+// a time; a modem that refuses the short format still gives the rest.
+TEST_F(ServiceOnProcessor, CurrentOperatorAnswers)
+{
+    const struct {
+        const char* longId;
+        const char* numericId;
+        unsigned long mode;
+        const char* longName;
+        const char* plmn;
+        int rat;
+    } rows[] = {
+        {"cops-3-0-cops-1", "cops-3-2-cops-1", 0, "vodafone ES", "21401", 2},
+        {"cops-17", "cops-18", 1, "CHINA MOBILE", "46000", 0},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.numericId);
+        std::string format;
+        const std::map<std::string, std::string> reads = {
+            {"0", Framed(ModemAnswerById(answers, row.longId).raw)},
+            {"2", Framed(ModemAnswerById(answers, row.numericId).raw)}};
+        modem.SetAnswer([&format, reads](const std::string& line) -> std::string {
+            if (line == "AT+COPS=3,0" || line == "AT+COPS=3,2") {
+                format = line.substr(line.size() - 1);
+                return "\r\nOK\r\n";
+            }
+            if (line == "AT+COPS?" && reads.count(format) != 0) {
+                return reads.at(format);
+            }
+            return testkit::ModemFallback(line);
+        });
+        unsigned long mode = 9, err = 0;
+        NETSRV_DATA::PLMNType plmn;
+        ASSERT_TRUE(service->SRVGetCurPlmn(&mode, &plmn, &err));
+        EXPECT_EQ(mode, row.mode);
+        EXPECT_STREQ(reinterpret_cast<const char*>(plmn.btPlmnName), "");
+        EXPECT_STREQ(reinterpret_cast<const char*>(plmn.btPlmnLongName), row.longName);
+        EXPECT_STREQ(plmn.szPlmn, row.plmn);
+        EXPECT_EQ(plmn.btRat, row.rat);
+    }
+}
+
+// The SIM files of real SIMs: ICCIDs (garbled and short ones too) and the
+// SPN file, read because the modem answers ERROR to "^SPN".
+TEST_F(ServiceOnProcessor, SimFileAnswers)
+{
+    const struct {
+        const char* id;
+        const char* iccid;
+    } rows[] = {
+        {"crsm-iccid-1", "8944200053671052499F"}, {"crsm-iccid-2", "984402003576012594F9"},
+        {"crsm-iccid-3", "98231420326409614067"}, {"crsm-iccid-4", "9868200C214365870921"},
+        {"crsm-iccid-5", "8932410223p69l160476"}, {"crsm-iccid-6", "004402003576012594"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.id);
+        modem.SetAnswer(testkit::AnswerTable(
+            {{"AT+CRSM=176,12258,0,0,10",
+              Framed("+CRSM: 144,0," + ModemAnswerById(answers, row.id).raw)}}));
+        NETSRV_DATA::EFFile file;
+        unsigned long err = 0;
+        ASSERT_TRUE(service->SRVGetEFFile(NETSRV_DATA::EF_ICCID, &file, &err));
+        EXPECT_STREQ(file.szFile, row.iccid);
+    }
+    for (const char* id : {"crsm-spn-1", "crsm-spn-2"}) {
+        SCOPED_TRACE(id);
+        AnswerWith("AT+CRSM=176,28486,0,0,17", id);
+        NETSRV_DATA::SSpnDataType spn;
+        unsigned long err = 0;
+        ASSERT_TRUE(service->SRVGetSpnData(&spn, &err));
+        EXPECT_EQ(spn.btDisplay, 0);
+        EXPECT_EQ(std::u16string(spn.SpnData, spn.SpnData + 7), u"THURAYA");
+        EXPECT_EQ(spn.SpnData[7], 0);
     }
 }
 

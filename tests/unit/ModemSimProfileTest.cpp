@@ -157,8 +157,7 @@ TEST(ModemSimProfileTest, MalformedProfilesAreRejectedWithOneLineNamingFileField
         {"delay value", "/delays/default_ms", "600001",
          "t.json: delays.default_ms: out of range: 600001 is not within 0..600000"},
         {"hex text", "/configuration", "{\"syscfg\": {\"mode\": 2, \"acq_order\": 0, "
-                                       "\"band\": \"3FFG\", \"roam\": 1, \"domain\": 2, "
-                                       "\"test\": \"(2)\"}}",
+                                       "\"band\": \"3FFG\", \"roam\": 1, \"domain\": 2}}",
          "t.json: configuration.syscfg.band: invalid value \"3FFG\": expected 1 to 16 "
          "hexadecimal digits"},
         {"MIN neither 10 nor 15 digits", "/cdma",

@@ -22,10 +22,13 @@ Reply HandleGlasterrSet(const Profile& profile, ModemState& state, const AtReque
 // Network configuration
 Reply HandleSyscfgRead(const Profile& profile, ModemState& state, const AtRequest& request);
 Reply HandleSyscfgTest(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleSyscfgSet(const Profile& profile, ModemState& state, const AtRequest& request);
 Reply HandleSyscfgexRead(const Profile& profile, ModemState& state, const AtRequest& request);
 Reply HandleSyscfgexTest(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleSyscfgexSet(const Profile& profile, ModemState& state, const AtRequest& request);
 Reply HandleSysconfigRead(const Profile& profile, ModemState& state, const AtRequest& request);
 Reply HandleSysconfigTest(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleSysconfigSet(const Profile& profile, ModemState& state, const AtRequest& request);
 Reply HandleHspaRead(const Profile& profile, ModemState& state, const AtRequest& request);
 Reply HandleHspaSet(const Profile& profile, ModemState& state, const AtRequest& request);
 

@@ -177,15 +177,40 @@ struct SignalState {
     int32_t hdrRssi = 0;              // ^HDRCSQLVL
 };
 
-// ^SYSCFG: mode, acquisition order, band (hexadecimal text as the modem prints it),
-// roaming, domain; test is the text after "^SYSCFG: " of the =? answer.
+// A band or band group that a modem offers, as its test answers list it:
+// (2000000400380,"GSM900/GSM1800/WCDMA900/WCDMA2100"). The mask is hexadecimal
+// text, kept as written.
+struct BandOffer {
+    std::string mask;
+    std::string name;
+};
+
+// What AT^SYSCFG=? lists and what a set may take (ConfigRules.h says how).
+struct SyscfgOffer {
+    std::vector<int32_t> modes;         // 2 automatic, 13 GSM only, 14 WCDMA only, ...
+    std::vector<int32_t> acqOrders;     // 0 automatic, 1 GSM first, 2 WCDMA first
+    std::vector<BandOffer> bands;
+    std::vector<int32_t> roams;
+    std::vector<int32_t> domains;
+};
+
+// ^SYSCFG: mode, acquisition order, band (hexadecimal text as the modem prints
+// it), roaming, domain, and what the modem offers.
 struct SyscfgValues {
     int32_t mode = 2;
     int32_t acqOrder = 0;
     std::string band;
     int32_t roam = 1;
     int32_t domain = 2;
-    std::string test;
+    SyscfgOffer offered;
+};
+
+struct SyscfgexOffer {
+    std::vector<std::string> acqOrders;  // "00", "03", "02", "01", "99", or runs such as "0201"
+    std::vector<BandOffer> bands;
+    std::vector<int32_t> roams;
+    std::vector<int32_t> domains;
+    std::vector<BandOffer> lteBands;     // empty on a modem without LTE
 };
 
 struct SyscfgexValues {
@@ -194,7 +219,14 @@ struct SyscfgexValues {
     int32_t roam = 1;
     int32_t domain = 2;
     std::string lteBand;      // empty on modems that print an empty field
-    std::string test;
+    SyscfgexOffer offered;
+};
+
+struct SysconfigOffer {
+    std::vector<int32_t> modes;         // 2 automatic, 13 GSM only, 15 TD-SCDMA only
+    std::vector<int32_t> acqOrders;     // 0 automatic, 1 GSM first, 2 TD-SCDMA first
+    std::vector<int32_t> roams;
+    std::vector<int32_t> domains;
 };
 
 struct SysconfigValues {
@@ -202,7 +234,7 @@ struct SysconfigValues {
     int32_t acqOrder = 0;
     int32_t roam = 1;
     int32_t domain = 2;
-    std::string test;
+    SysconfigOffer offered;
 };
 
 // An absent section means the modem lacks the command.

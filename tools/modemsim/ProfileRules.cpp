@@ -51,8 +51,8 @@ bool HexBytes(std::string_view t)
 {
     return t.size() <= 512 && t.size() % 2 == 0 && AllOf(t, IsHexDigit);
 }
-bool Band(std::string_view t) { return LengthWithin(t, 1, 16) && AllOf(t, IsHexDigit); }
-bool OptionalBand(std::string_view t) { return t.size() <= 16 && AllOf(t, IsHexDigit); }
+bool Band(std::string_view t) { return ParseBandMask(t).has_value(); }
+bool OptionalBand(std::string_view t) { return t.empty() || Band(t); }
 bool HexId(std::string_view t) { return t.size() <= 8 && AllOf(t, IsHexDigit); }
 bool Phone(std::string_view t)
 {
@@ -83,6 +83,8 @@ bool DelayKey(std::string_view t)
 }
 bool Coding(std::string_view t) { return t == "gsm7" || t == "ucs2"; }
 bool Name(std::string_view t) { return t.size() <= 64 && AllOf(t, IsNameChar); }
+// Band lists name several bands at once ("GSM850/GSM900/.../WCDMA2100").
+bool BandName(std::string_view t) { return t.size() <= 255 && AllOf(t, IsNameChar); }
 bool Line(std::string_view t) { return LengthWithin(t, 1, 2048) && AllOf(t, IsPrintable); }
 bool Min(std::string_view t)
 {
@@ -107,9 +109,26 @@ const TextRule kDelayKeyRule{
     "a known AT command name, alone or followed by ?, =? or =, such as +COPS=?", DelayKey};
 const TextRule kCodingRule{"gsm7 or ucs2", Coding};
 const TextRule kNameRule{"at most 64 printable bytes without double quotes", Name};
+const TextRule kBandNameRule{"at most 255 printable bytes without double quotes", BandName};
 const TextRule kLineRule{"1 to 2048 printable bytes (no line breaks)", Line};
 const TextRule kMinRule{"10 or 15 digits, or empty", Min};
 const TextRule kDescriptionRule{"at most 1024 printable bytes", Description};
+
+std::optional<uint64_t> ParseBandMask(std::string_view text)
+{
+    if (!LengthWithin(text, 1, 16)) {
+        return std::nullopt;
+    }
+    uint64_t mask = 0;
+    for (char ch : text) {
+        if (!IsHexDigit(ch)) {
+            return std::nullopt;
+        }
+        const char lower = static_cast<char>(ch | 0x20);
+        mask = (mask << 4) | static_cast<uint64_t>(IsDigit(ch) ? ch - '0' : lower - 'a' + 10);
+    }
+    return mask;
+}
 
 bool SplitDelayKey(std::string_view key, std::string* pName, std::string* pForm)
 {

@@ -3,6 +3,9 @@
 #ifndef MODEMSIM_PROFILERULES_H
 #define MODEMSIM_PROFILERULES_H
 
+#include <cstdint>
+#include <optional>
+
 #include "SchemaVisitors.h"
 
 namespace modemsim {
@@ -21,9 +24,15 @@ extern const TextRule kAtNameRule;       // a command the simulator knows: "^SYS
 extern const TextRule kDelayKeyRule;     // "+COPS=?", "^SYSCFG?", "+CGATT=", "+CSQ"
 extern const TextRule kCodingRule;       // "gsm7" or "ucs2"
 extern const TextRule kNameRule;         // names a modem prints in double quotes
+extern const TextRule kBandNameRule;     // "GSM900/GSM1800/WCDMA900/WCDMA2100"
 extern const TextRule kLineRule;         // one line a modem sends
 extern const TextRule kMinRule;          // a CDMA MIN or IMSI_M: "", "1234567890"
 extern const TextRule kDescriptionRule;
+
+// A band mask as the configuration commands print and take it: 1 to 16
+// hexadecimal digits, either case ("3FFFFFFF", "7fffffffffffffff"); nothing
+// for any other text.
+std::optional<uint64_t> ParseBandMask(std::string_view text);
 
 // A name and form as they key the delay table: "+COPS=?" -> ("+COPS", "=?").
 bool SplitDelayKey(std::string_view key, std::string* pName, std::string* pForm);

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 
+#include "ConfigRules.h"
 #include "ModemProfile.h"
 #include "ProfileRules.h"
 #include "SchemaVisitors.h"
@@ -20,6 +21,8 @@ constexpr std::size_t kMaxRecords = 256;
 constexpr std::size_t kMaxTimeline = 4096;
 constexpr int64_t kMaxDelayMs = 600000;        // ten minutes
 constexpr int64_t kMaxTimelineMs = 604800000;  // a week
+// Entries of one list of offered configuration values (modes, bands, ...).
+constexpr std::size_t kMaxOffered = 64;
 
 template <typename V>
 void Describe(V& v, LastError& x)
@@ -213,6 +216,23 @@ void Describe(V& v, SignalState& x)
 }
 
 template <typename V>
+void Describe(V& v, BandOffer& x)
+{
+    v.Text("mask", x.mask, kBandRule);
+    v.Text("name", x.name, kBandNameRule);
+}
+
+template <typename V>
+void Describe(V& v, SyscfgOffer& x)
+{
+    v.NumberList("modes", x.modes, 0, 255, kMaxOffered);
+    v.NumberList("acq_orders", x.acqOrders, 0, 255, kMaxOffered);
+    v.List("bands", x.bands, kMaxOffered);
+    v.NumberList("roams", x.roams, 0, 255, kMaxOffered);
+    v.NumberList("domains", x.domains, 0, 255, kMaxOffered);
+}
+
+template <typename V>
 void Describe(V& v, SyscfgValues& x)
 {
     v.Number("mode", x.mode, 0, 255);
@@ -220,7 +240,18 @@ void Describe(V& v, SyscfgValues& x)
     v.Text("band", x.band, kBandRule);
     v.Number("roam", x.roam, 0, 255);
     v.Number("domain", x.domain, 0, 255);
-    v.Text("test", x.test, kLineRule);
+    v.Object("offered", x.offered);
+    v.Check(CheckSyscfg, x);
+}
+
+template <typename V>
+void Describe(V& v, SyscfgexOffer& x)
+{
+    v.TextList("acq_orders", x.acqOrders, kAcqOrderRule, kMaxOffered);
+    v.List("bands", x.bands, kMaxOffered);
+    v.NumberList("roams", x.roams, 0, 255, kMaxOffered);
+    v.NumberList("domains", x.domains, 0, 255, kMaxOffered);
+    v.List("lte_bands", x.lteBands, kMaxOffered, Need::Optional);
 }
 
 template <typename V>
@@ -231,7 +262,17 @@ void Describe(V& v, SyscfgexValues& x)
     v.Number("roam", x.roam, 0, 255);
     v.Number("domain", x.domain, 0, 255);
     v.Text("lte_band", x.lteBand, kOptionalBandRule);
-    v.Text("test", x.test, kLineRule);
+    v.Object("offered", x.offered);
+    v.Check(CheckSyscfgex, x);
+}
+
+template <typename V>
+void Describe(V& v, SysconfigOffer& x)
+{
+    v.NumberList("modes", x.modes, 0, 255, kMaxOffered);
+    v.NumberList("acq_orders", x.acqOrders, 0, 255, kMaxOffered);
+    v.NumberList("roams", x.roams, 0, 255, kMaxOffered);
+    v.NumberList("domains", x.domains, 0, 255, kMaxOffered);
 }
 
 template <typename V>
@@ -241,7 +282,8 @@ void Describe(V& v, SysconfigValues& x)
     v.Number("acq_order", x.acqOrder, 0, 255);
     v.Number("roam", x.roam, 0, 255);
     v.Number("domain", x.domain, 0, 255);
-    v.Text("test", x.test, kLineRule);
+    v.Object("offered", x.offered);
+    v.Check(CheckSysconfig, x);
 }
 
 template <typename V>

@@ -4,6 +4,9 @@
 //   FieldNames  - the names a JSON object may hold (to reject unknown fields),
 //   FieldReader - read and check the fields from JSON, stopping at the first fault,
 //   FieldWriter - write the fields back as JSON (for state patches).
+// A Describe may end with Check(rule, value): a rule across the object's
+// fields (a current value among the offered ones) that only the reader runs,
+// once every field has read well.
 // Faults are reported as "<path>: <problem>" with a path such as
 // network.operators[2].plmn. Not thread-safe; one walk per visitor object.
 #ifndef MODEMSIM_SCHEMAVISITORS_H
@@ -26,6 +29,13 @@ namespace modemsim {
 using Json = nlohmann::json;
 
 enum class Need { Required, Optional };
+
+// What a rule across fields found wrong: the field to name, relative to the
+// object ("band", "offered.bands"), and the problem.
+struct FieldProblem {
+    std::string field;
+    std::string problem;
+};
 
 // A check on a text field, with the words that say what it wants.
 struct TextRule {
@@ -70,6 +80,9 @@ public:
     void Choice(const char* name, Args&&...) { m_names.insert(name); }
     template <typename... Args>
     void RawObject(const char* name, Args&&...) { m_names.insert(name); }
+    // Not a field.
+    template <typename... Args>
+    void Check(Args&&...) {}
 
     bool Has(const std::string& name) const { return m_names.count(name) != 0; }
 
@@ -214,6 +227,18 @@ public:
     // Any JSON object, kept as compact text for a later, separate check.
     void RawObject(const char* name, std::string& value, Need need = Need::Optional);
 
+    // A rule across the fields of the object just read, run when they all read well.
+    template <typename T>
+    void Check(std::optional<FieldProblem> (*rule)(const T&), const T& value)
+    {
+        if (!Ok()) {
+            return;
+        }
+        if (const std::optional<FieldProblem> found = rule(value)) {
+            Fail(JoinPath(m_path, found->field) + ": " + found->problem);
+        }
+    }
+
 private:
     const Json* Find(const char* name, Need need);
     const Json* FindArray(const char* name, Need need, std::size_t maxCount);
@@ -309,6 +334,8 @@ public:
     {
         m_object[name] = value;
     }
+    template <typename... Args>
+    void Check(Args&&...) {}
 
     template <typename T>
     static Json Write(T& value)
