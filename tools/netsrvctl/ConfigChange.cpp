@@ -110,12 +110,6 @@ bool ApplyConfigChange(NETSRV_DATA::NetConfigurationExType* pConfig, const Confi
         }
         std::memset(changed.szAcqorder, 0, sizeof(changed.szAcqorder));
         change.acqOrder->copy(changed.szAcqorder, sizeof(changed.szAcqorder) - 1);
-    } else if (changed.szAcqorder[0] == '\0') {
-        // An older modem's order that the service could not put into words
-        // (automatic, say) would be written back as no mode at all.
-        *pRefusal = "the modem's acquisition order reads as none and cannot be written back: "
-                    "give --mode; " + AcqOrdersTaken(offer);
-        return false;
     }
     if (change.band) {
         const auto mask = ChooseMask("--band", "bands", *change.band, offer.bands, pRefusal);
@@ -131,6 +125,13 @@ bool ApplyConfigChange(NETSRV_DATA::NetConfigurationExType* pConfig, const Confi
             return false;
         }
         changed.dwLteBand = *mask;
+    }
+    if (changed.szAcqorder[0] == '\0') {
+        // An older modem's order that the service could not put into words
+        // (automatic, say) would be written back as no mode at all.
+        *pRefusal = "the modem's acquisition order reads as none and cannot be written back: "
+                    "give --mode; " + AcqOrdersTaken(offer);
+        return false;
     }
     if (change.roam) {
         changed.dwRoam = *change.roam;
