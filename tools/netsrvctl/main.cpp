@@ -168,8 +168,8 @@ int main(int argc, char** argv)
             ->check(ModeArgument());
     auto* pSetBand = pConfigSet
                          ->add_option("--band", configBand,
-                                      "band mask in hexadecimal (0x optional), or all: one of "
-                                      "the masks that \"bands\" lists or several together")
+                                      "band mask in hexadecimal (0x optional) within the "
+                                      "masks that \"bands\" lists, or all")
                          ->type_name("HEX|all")
                          ->check(BandArgument());
     auto* pSetLteBand = pConfigSet
