@@ -5,13 +5,12 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
-#include "ModemSimulator.h"
 #include "RunTool.h"
+#include "SharedModem.h"
 #include "TempDir.h"
 
 namespace {
@@ -19,6 +18,7 @@ namespace {
 using e2e::HasFields;
 using e2e::Lines;
 using e2e::RunTool;
+using e2e::SharedModem;
 using e2e::ShippedProfile;
 using e2e::ToolResult;
 using nlohmann::json;
@@ -55,30 +55,6 @@ TEST(NetsrvctlSettings, RegistrationOnEveryShippedProfile)
         EXPECT_EQ(json::parse(r.out, nullptr, false), json::parse(row.json));
     }
 }
-
-// One simulated modem that the tool's runs reach in turn, so that what one
-// run sets the next one reads.
-class SharedModem {
-public:
-    explicit SharedModem(const char* pszProfile)
-    {
-        modemsim::Profile profile;
-        std::string error;
-        EXPECT_TRUE(modemsim::LoadProfile(pszProfile, &profile, &error)) << error;
-        m_pSimulator.reset(new modemsim::Simulator(profile));
-        EXPECT_TRUE(m_pSimulator->Start(&error)) << error;
-    }
-    ~SharedModem() { m_pSimulator->Stop(); }
-
-    ToolResult Run(std::vector<std::string> args) const
-    {
-        args.insert(args.begin(), {"--device", m_pSimulator->SlavePath(), "--json"});
-        return RunTool(kTool, args);
-    }
-
-private:
-    std::unique_ptr<modemsim::Simulator> m_pSimulator;
-};
 
 // Each row sets, then reads with another run; the rows of one modem run in
 // order, each from the state the row before left.

@@ -58,6 +58,8 @@ TEST(NetsrvctlNames, EveryEnumeratorHasADistinctName)
         {"EV-DO revision", EvdoRevisionName, values(0, 2)},
         {"NAM", NamName, values(0, 1)},
         {"SIM type", SimTypeName, values(0, 3, {255})},
+        {"roaming setting", RoamSettingName, values(0, 2)},
+        {"domain setting", DomainSettingName, values(0, 4)},
     };
     for (const Table& table : tables) {
         std::set<std::string> seen;

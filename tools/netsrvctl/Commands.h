@@ -6,6 +6,7 @@
 #include <ostream>
 #include <string>
 
+#include "ConfigChange.h"
 #include "RegistrationReport.h"
 #include "ToolHost.h"
 
@@ -65,6 +66,21 @@ ExitStatus RunCdmaSet(ToolHost& host, CdmaSetting setting, int value, const Outp
 // Registers a MIN (10 digits) or IMSI_M (15 digits), checked by the caller.
 ExitStatus RunRegisterMin(ToolHost& host, const std::string& min, const OutputOptions& out,
                           std::ostream& os, std::ostream& err);
+
+// The network configuration (SRVGetNetConfigurationEx); the text names the
+// masks from the modem's band lists when it can read them.
+ExitStatus RunConfig(ToolHost& host, const OutputOptions& out, std::ostream& os,
+                     std::ostream& err);
+// Reads the configuration, changes what the change gives, writes it and
+// shows the configuration read back. An acquisition order, band or LTE band
+// that the modem does not offer is refused with EXIT_USAGE before anything
+// is written.
+ExitStatus RunConfigSet(ToolHost& host, const ConfigChange& change, const OutputOptions& out,
+                        std::ostream& os, std::ostream& err);
+// The bands, LTE bands and acquisition orders the modem offers
+// (SRVGetBandListEx), handed back to the service afterwards.
+ExitStatus RunBands(ToolHost& host, const OutputOptions& out, std::ostream& os,
+                    std::ostream& err);
 
 struct MonitorOptions {
     int count = 0;          // stop after this many lines; 0: no limit

@@ -161,6 +161,17 @@ const NameRow kNam[] = {
     {NAM_MODE_SECOND, "NAM 2"},
 };
 
+// "No change" asks the modem to keep what it has.
+const NameRow kRoamSetting[] = {
+    {0, "roaming not allowed"},
+    {1, "roaming allowed"},
+    {2, "no change"},
+};
+
+const NameRow kDomainSetting[] = {
+    {0, "CS only"}, {1, "PS only"}, {2, "CS and PS"}, {3, "any"}, {4, "no change"},
+};
+
 // The card of a dual-standard phone: which network's application it carries.
 const NameRow kSimType[] = {
     {KTF_SIM_TYPE_UMTS, "UMTS"},         {KTF_SIM_TYPE_CDMA, "CDMA"},
@@ -242,6 +253,16 @@ const char* EvdoRevisionName(int64_t value)
 const char* NamName(int64_t value)
 {
     return Lookup(kNam, value);
+}
+
+const char* RoamSettingName(int64_t value)
+{
+    return Lookup(kRoamSetting, value);
+}
+
+const char* DomainSettingName(int64_t value)
+{
+    return Lookup(kDomainSetting, value);
 }
 
 const char* SimTypeName(int64_t value)

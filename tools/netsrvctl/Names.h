@@ -1,7 +1,8 @@
 // The words netsrvctl prints for the numbers the service hands out: service
 // status, system mode and sub-mode, roaming, domain, SIM and lock state, the
 // fields of an operator-search entry, registration and attach states and the
-// HSPA and CDMA settings. Pure; one table per kind of number.
+// HSPA, CDMA and network configuration settings. Pure; one table per kind of
+// number.
 // Each function gives null for a number its table does not hold, so that the
 // caller decides how an unknown value is shown.
 #ifndef NETSRVCTL_NAMES_H
@@ -50,6 +51,12 @@ const char* CdmaPrefModeName(int64_t value);
 const char* EvdoRevisionName(int64_t value);
 // A NAMMode value (^SNAM): 0 "NAM 1", 1 "NAM 2".
 const char* NamName(int64_t value);
+// The roaming setting of the network configuration: "roaming not allowed",
+// "roaming allowed", 2 "no change".
+const char* RoamSettingName(int64_t value);
+// The service domain setting of the network configuration: "CS only", "PS
+// only", "CS and PS", "any", 4 "no change".
+const char* DomainSettingName(int64_t value);
 // A KTFSimType value (^KTFSIMTYPE): "UMTS", "CDMA", "SKT", "overseas", 255
 // "unknown".
 const char* SimTypeName(int64_t value);

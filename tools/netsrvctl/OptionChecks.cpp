@@ -4,6 +4,9 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "AcquisitionOrder.h"
+#include "ConfigChange.h"
+
 namespace netsrvctl {
 
 namespace {
@@ -12,6 +15,17 @@ std::string Shown(const std::string& value)
 {
     const size_t kMaxShown = 24;
     return value.size() <= kMaxShown ? value : value.substr(0, kMaxShown) + "...";
+}
+
+// A value that accepts(value) takes; otherwise "<wanted>, not <value>".
+template <typename Accepts>
+CLI::Validator Accepting(Accepts accepts, const std::string& wanted)
+{
+    return CLI::Validator(
+        [accepts, wanted](std::string& value) -> std::string {
+            return accepts(value) ? std::string() : wanted + ", not " + Shown(value);
+        },
+        "", "");
 }
 }  // namespace
 
@@ -49,24 +63,24 @@ CLI::Validator Seconds(const char* pszWanted)
 
 CLI::Validator OneOfWords(const WordTable& table)
 {
-    return CLI::Validator(
-        [&table](std::string& value) -> std::string {
-            if (ValueOfWord(table, value)) {
-                return std::string();
-            }
-            return "must be one of " + WordList(table) + ", not " + Shown(value);
-        },
-        "", "");
+    return Accepting([&table](const std::string& value) { return ValueOfWord(table, value); },
+                     "must be one of " + WordList(table));
 }
 
 CLI::Validator MinNumber()
 {
-    return CLI::Validator(
-        [](std::string& value) -> std::string {
-            return IsMinNumber(value) ? std::string()
-                                      : "must be 10 or 15 digits, not " + Shown(value);
-        },
-        "", "");
+    return Accepting(IsMinNumber, "must be 10 or 15 digits");
+}
+
+CLI::Validator ModeArgument()
+{
+    return Accepting(AcqOrderOfModeArgument, "must be " + ModeArgumentForms());
+}
+
+CLI::Validator BandArgument()
+{
+    return Accepting(ParseBandChoice,
+                     "must be a hexadecimal mask of up to 64 bits (0x optional) or all");
 }
 
 }  // namespace netsrvctl

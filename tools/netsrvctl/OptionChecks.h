@@ -26,6 +26,13 @@ CLI::Validator OneOfWords(const WordTable& table);
 // A MIN or IMSI_M: "must be 10 or 15 digits, not 12345".
 CLI::Validator MinNumber();
 
+// A network mode as AcqOrderOfModeArgument takes it: "must be auto, gsm,
+// ..., or codes such as 030201, not xx".
+CLI::Validator ModeArgument();
+
+// A band mask or "all", as ParseBandChoice takes it.
+CLI::Validator BandArgument();
+
 }  // namespace netsrvctl
 
 #endif

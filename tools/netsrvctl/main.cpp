@@ -5,11 +5,13 @@
 #include <CLI/CLI.hpp>
 
 #include <climits>
+#include <cstdint>
 #include <cstdlib>
 #include <iostream>
 #include <string>
 #include <vector>
 
+#include "AcquisitionOrder.h"
 #include "Commands.h"
 #include "OptionChecks.h"
 #include "SerialPort.h"
@@ -146,6 +148,49 @@ int main(int argc, char** argv)
         ->required()
         ->check(MinNumber());
 
+    auto* pConfig = app.add_subcommand(
+        "config", "network configuration: acquisition order, band mask, roaming, service "
+                  "domain, LTE band mask; \"config set\" changes it");
+    pConfig->require_subcommand(0, 1);
+    auto* pConfigSet = pConfig->add_subcommand(
+        "set", "change the network configuration; what is not given stays as it is, and a "
+               "mode or band the modem does not offer is refused before anything is sent");
+    std::string configMode;
+    std::string configBand;
+    std::string configLteBand;
+    uint32_t configRoam = 0;
+    uint32_t configDomain = 0;
+    auto* pSetMode =
+        pConfigSet
+            ->add_option("--mode", configMode,
+                         "the systems in order of preference: " + ModeArgumentForms())
+            ->type_name("M")
+            ->check(ModeArgument());
+    auto* pSetBand = pConfigSet
+                         ->add_option("--band", configBand,
+                                      "band mask in hexadecimal (0x optional) within the "
+                                      "masks that \"bands\" lists, or all")
+                         ->type_name("HEX|all")
+                         ->check(BandArgument());
+    auto* pSetLteBand = pConfigSet
+                            ->add_option("--lte-band", configLteBand,
+                                         "LTE band mask (bit 0 is band 1), as --band")
+                            ->type_name("HEX|all")
+                            ->check(BandArgument());
+    auto* pSetRoam = pConfigSet
+                         ->add_option("--roam", configRoam,
+                                      "0 roaming not allowed, 1 roaming allowed, 2 no change")
+                         ->type_name("0|1|2")
+                         ->check(WholeNumberIn(0, 2, "must be 0, 1 or 2"));
+    auto* pSetDomain =
+        pConfigSet
+            ->add_option("--domain", configDomain,
+                         "0 CS only, 1 PS only, 2 CS and PS, 3 any, 4 no change")
+            ->type_name("0..4")
+            ->check(WholeNumberIn(0, 4, "must be a whole number from 0 to 4"));
+    auto* pBands = app.add_subcommand(
+        "bands", "the bands, LTE bands and acquisition orders that the modem offers");
+
     std::vector<std::string> args(argc > 0 ? argv + 1 : argv, argv + argc);
     std::vector<std::string> commands;
     for (const CLI::App* pCommand : app.get_subcommands({})) {
@@ -176,6 +221,28 @@ int main(int argc, char** argv)
     if (*pCdmaSet && pCdmaSet->get_subcommands().empty()) {
         std::cerr << "netsrvctl: cdma set: name the setting: pref-mode, evdo-rev or nam "
                      "(see --help)\n";
+        return EXIT_USAGE;
+    }
+
+    ConfigChange configChange;
+    if (*pSetMode) {
+        configChange.acqOrder = AcqOrderOfModeArgument(configMode);
+    }
+    if (*pSetBand) {
+        configChange.band = ParseBandChoice(configBand);
+    }
+    if (*pSetLteBand) {
+        configChange.lteBand = ParseBandChoice(configLteBand);
+    }
+    if (*pSetRoam) {
+        configChange.roam = configRoam;
+    }
+    if (*pSetDomain) {
+        configChange.domain = configDomain;
+    }
+    if (*pConfigSet && configChange.Empty()) {
+        std::cerr << "netsrvctl: config set: give what to change: --mode, --band, --lte-band, "
+                     "--roam or --domain (see --help)\n";
         return EXIT_USAGE;
     }
 
@@ -242,6 +309,12 @@ int main(int argc, char** argv)
         status = RunRegisterMin(toolHost, min, output, std::cout, std::cerr);
     } else if (*pCdma) {
         status = RunCdma(toolHost, output, std::cout, std::cerr);
+    } else if (*pConfigSet) {
+        status = RunConfigSet(toolHost, configChange, output, std::cout, std::cerr);
+    } else if (*pConfig) {
+        status = RunConfig(toolHost, output, std::cout, std::cerr);
+    } else if (*pBands) {
+        status = RunBands(toolHost, output, std::cout, std::cerr);
     } else {
         status = RunOverview(toolHost, output, std::cout, std::cerr);
     }
