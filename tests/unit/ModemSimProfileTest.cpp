@@ -86,7 +86,7 @@ TEST(ModemSimProfileTest, ShippedProfilesParseAndDescribeTheirModems)
     EXPECT_TRUE(lte.initial.configuration.syscfg && lte.initial.configuration.syscfgex);
     EXPECT_FALSE(lte.initial.configuration.sysconfig);
     EXPECT_EQ(lte.initial.network.mode.sysMode, 6);
-    EXPECT_EQ(lte.delays.commands.at("+COPS=?"), 1500u);
+    EXPECT_EQ(lte.delays.commands.at("+COPS=?"), 2500u);
 
     Profile wcdma;
     std::string error;

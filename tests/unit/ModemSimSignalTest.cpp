@@ -14,6 +14,7 @@
 #include <nlohmann/json.hpp>
 
 #include "ModemEngine.h"
+#include "ModemSimKit.h"
 #include "ModemSimulator.h"
 #include "StateLines.h"
 #include "StatePatch.h"
@@ -24,25 +25,8 @@ namespace {
 using modemsim::ModemState;
 using modemsim::Profile;
 using modemsim::ReportKind;
-
-Profile Shipped(const std::string& name)
-{
-    Profile profile;
-    std::string error;
-    EXPECT_TRUE(modemsim::LoadProfile(name, &profile, &error)) << error;
-    return profile;
-}
-
-// The answer's lines (information lines, then the final result) framed as
-// the modem frames them.
-std::string Framed(const std::vector<std::string>& lines)
-{
-    std::string text;
-    for (const std::string& line : lines) {
-        text += modemsim::FrameLine(line);
-    }
-    return text;
-}
+using testkit::Framed;
+using testkit::Shipped;
 
 std::string Ask(const Profile& profile, ModemState& state, const std::string& line)
 {

@@ -2,8 +2,10 @@
 // (GeneralCommands.cpp), network configuration (ConfigCommands.cpp), system
 // information and attachment (NetworkStateCommands.cpp), registration reports
 // (RegistrationCommands.cpp), signal readings (SignalCommands.cpp), CDMA
-// (CdmaCommands.cpp). A handler that serves several names ("+CREG", "+CGREG")
-// tells them apart by the request's name.
+// (CdmaCommands.cpp), operators and preferred lists (OperatorCommands.cpp,
+// PreferredOperatorCommands.cpp), the SIM (SimFileCommands.cpp). A handler
+// that serves several names ("+CREG", "+CGREG") tells them apart by the
+// request's name.
 #ifndef MODEMSIM_COMMANDHANDLERS_H
 #define MODEMSIM_COMMANDHANDLERS_H
 
@@ -42,6 +44,19 @@ Reply HandleCgattSet(const Profile& profile, ModemState& state, const AtRequest&
 // Registration (+CREG, +CGREG, +CEREG)
 Reply HandleRegistrationRead(const Profile& profile, ModemState& state, const AtRequest& request);
 Reply HandleRegistrationSet(const Profile& profile, ModemState& state, const AtRequest& request);
+
+// Operators (+COPS) and the preferred-operator lists (+CPLS, +CPOL)
+Reply HandleCopsTest(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleCopsRead(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleCopsSet(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleCplsRead(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleCplsSet(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleCpolRead(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleCpolSet(const Profile& profile, ModemState& state, const AtRequest& request);
+
+// The SIM's identity and files
+Reply HandleCimiBare(const Profile& profile, ModemState& state, const AtRequest& request);
+Reply HandleCrsmSet(const Profile& profile, ModemState& state, const AtRequest& request);
 
 // Signal readings
 Reply HandleCsqBare(const Profile& profile, ModemState& state, const AtRequest& request);

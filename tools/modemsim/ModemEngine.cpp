@@ -59,7 +59,9 @@ Answer AnswerCommandLine(const Profile& profile, ModemState& state, std::string_
     for (const std::string& info : total.lines) {
         answer.text += FrameLine(info);
     }
-    answer.text += FrameLine(total.final);
+    if (!total.final.empty()) {
+        answer.text += FrameLine(total.final);
+    }
     answer.delayMs = delayMs > UINT32_MAX ? UINT32_MAX : static_cast<uint32_t>(delayMs);
     return answer;
 }

@@ -15,7 +15,8 @@ namespace modemsim {
 
 struct Answer {
     std::string echo;        // "ATE0\r" while echo is on, else empty
-    std::string text;        // "\r\n+GCAP: +CGSM,+DS,+ES\r\n\r\nOK\r\n"
+    std::string text;        // "\r\n+GCAP: +CGSM,+DS,+ES\r\n\r\nOK\r\n"; without a
+                             // final result when a command never ends
     uint32_t delayMs = 0;    // how long the modem takes before it answers
 };
 

@@ -56,7 +56,8 @@ struct SimState {
     int32_t lockState = 0;    // ^SYSINFOEX sim lock state
     std::string iccid;        // as printed on the card; the file holds it nibble-swapped
     std::string imsi;
-    std::string efAd = "00000002";   // EF_AD bytes as hexadecimal text
+    std::string homePlmn;     // the subscription's home network; empty: none named
+    std::string efAd;         // EF_AD bytes as hexadecimal text; empty: built from homePlmn
     std::string msisdn;       // subscriber number; empty: the record is unused
     std::string efSpn;        // EF_SPN bytes as hexadecimal text; empty: no such file
     SpnFiles spn;
@@ -86,6 +87,10 @@ struct RegistrationInfo {
     std::optional<int32_t> rejectCause;
 };
 
+// The access technologies of +COPS: 0 GSM, 2 UTRAN, 7 E-UTRAN, ... up to 13
+// (E-UTRA-NR dual connectivity); a higher number names none.
+constexpr int32_t kMaxAct = 13;
+
 // One operator as a +COPS=? search lists it.
 struct OperatorInfo {
     int32_t status = 1;       // 0 unknown, 1 available, 2 current, 3 forbidden
@@ -95,21 +100,45 @@ struct OperatorInfo {
     std::optional<int32_t> act;
 };
 
-// The operator the modem is registered with (+COPS? answer).
+// The operator the modem is registered with (+COPS? answer): the entry of the
+// operator list with this identity and access technology, which gives the names.
 struct RegisteredOperator {
     std::string plmn;
-    std::string longName;
-    std::string shortName;
     std::optional<int32_t> act;
 };
 
-// One entry of the preferred-operator list (+CPOL).
+// How an operator search (+COPS=?) ends when it does not list the operators.
+enum class ScanFailure {
+    Error,      // "ERROR", or "+CME ERROR: <n>" when a number is given
+    NoAnswer    // the modem never ends the command
+};
+
+struct OperatorScan {
+    std::optional<ScanFailure> failure;   // absent: the search lists the operators
+    std::optional<int32_t> cmeError;
+};
+
+// One entry of a preferred-operator list (+CPOL).
 struct PreferredOperator {
     int32_t index = 1;
     std::string plmn;
     int32_t gsm = 1;
     int32_t gsmCompact = 0;
     int32_t utran = 1;
+};
+
+// One preferred-operator file of the SIM: its entries and how many it holds.
+struct PreferredList {
+    int32_t capacity = 8;     // the smallest user-controlled file a SIM may have
+    std::vector<PreferredOperator> entries;
+};
+
+// The three lists +CPLS chooses between: 0 user-controlled, 1 operator-controlled,
+// 2 the home network's access technologies.
+struct PreferredLists {
+    PreferredList user;
+    PreferredList operatorControlled;
+    PreferredList hplmn;
 };
 
 struct NetworkState {
@@ -124,11 +153,13 @@ struct NetworkState {
     int32_t nameFormat = 0;           // +COPS <format> of the read answer
     std::optional<RegisteredOperator> registered;
     std::vector<OperatorInfo> operators;
+    OperatorScan scan;
     RegistrationInfo creg;
     RegistrationInfo cgreg;
     RegistrationInfo cereg;
     int32_t preferredList = 0;        // +CPLS
-    std::vector<PreferredOperator> preferred;
+    PreferredLists preferred;
+    int32_t preferredFormat = 2;      // +CPOL <format> of the read answer
 };
 
 struct CsqValues {

@@ -3,6 +3,7 @@
 // and back, and +CGATT, which does the same for the packet domain alone.
 
 #include "CommandHandlers.h"
+#include "RegistrationState.h"
 
 namespace modemsim {
 
@@ -14,27 +15,6 @@ std::string Num(int32_t value)
 }
 
 constexpr int32_t kServiceNone = 0;
-// How ^SYSINFOEX names the mode and sub-mode 0.
-constexpr char kNoServiceName[] = "NO SERVICE";
-
-// ^SYSINFO / ^SYSINFOEX service domains.
-constexpr int32_t kDomainNone = 0;
-constexpr int32_t kDomainCs = 1;
-constexpr int32_t kDomainPs = 2;
-constexpr int32_t kDomainCsPs = 3;
-
-// A detached modem keeps its circuit-switched service: CS and PS becomes CS
-// alone, PS alone becomes none; and it is registered in no packet domain.
-void DropPacketDomain(NetworkState& net)
-{
-    if (net.serviceDomain == kDomainCsPs) {
-        net.serviceDomain = kDomainCs;
-    } else if (net.serviceDomain == kDomainPs) {
-        net.serviceDomain = kDomainNone;
-    }
-    net.cgreg.stat = 0;
-    net.cereg.stat = 0;
-}
 
 }  // namespace
 
@@ -66,10 +46,9 @@ Reply HandleSysinfoBare(const Profile&, ModemState& state, const AtRequest&)
     return OkReply({line});
 }
 
-// AT^REGISTER=0 deregisters: no service, no domain, no system mode, no
-// registration in any domain, no operator. AT^REGISTER=1 registers again: a
-// modem without service finds the network of its profile again; one with
-// service stays as it is. The answer is a bare OK.
+// AT^REGISTER=0 deregisters, as AT+COPS=2 does. AT^REGISTER=1 registers
+// again: a modem without service finds the network of its profile again; one
+// with service stays as it is. The answer is a bare OK.
 Reply HandleRegisterSet(const Profile& profile, ModemState& state, const AtRequest& request)
 {
     const std::optional<int32_t> on = ParseSingleNumberArg(request.args, 0, 1);
@@ -78,33 +57,9 @@ Reply HandleRegisterSet(const Profile& profile, ModemState& state, const AtReque
     }
     NetworkState& net = state.network;
     if (*on == 0) {
-        net.serviceStatus = kServiceNone;
-        net.serviceDomain = 0;
-        net.mode.sysMode = 0;
-        net.mode.sysModeName = kNoServiceName;
-        net.mode.subMode = 0;
-        net.mode.subModeName = kNoServiceName;
-        net.mode.sysinfoSysMode = 0;
-        if (net.mode.sysinfoSubMode) {
-            net.mode.sysinfoSubMode = 0;
-        }
-        net.creg.stat = 0;
-        net.cgreg.stat = 0;
-        net.cereg.stat = 0;
-        net.registered.reset();
+        Deregister(net);
     } else if (net.serviceStatus == kServiceNone) {
-        const NetworkState& home = profile.initial.network;
-        net.serviceStatus = home.serviceStatus;
-        net.serviceDomain = home.serviceDomain;
-        net.mode = home.mode;
-        net.creg.stat = home.creg.stat;
-        net.cgreg.stat = home.cgreg.stat;
-        net.cereg.stat = home.cereg.stat;
-        net.registered = home.registered;
-        // Registering again does not undo an AT+CGATT=0.
-        if (!net.psAttached) {
-            DropPacketDomain(net);
-        }
+        RestoreRegistration(profile.initial.network, net);
     }
     return OkReply();
 }

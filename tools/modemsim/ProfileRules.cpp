@@ -45,6 +45,7 @@ bool LengthWithin(std::string_view text, std::size_t lo, std::size_t hi)
 }
 
 bool Plmn(std::string_view t) { return LengthWithin(t, 5, 6) && AllOf(t, IsDigit); }
+bool OptionalPlmn(std::string_view t) { return t.empty() || Plmn(t); }
 bool Imsi(std::string_view t) { return LengthWithin(t, 6, 15) && AllOf(t, IsDigit); }
 bool Iccid(std::string_view t) { return LengthWithin(t, 10, 20) && AllOf(t, IsHexDigit); }
 bool HexBytes(std::string_view t)
@@ -95,6 +96,7 @@ bool Description(std::string_view t) { return t.size() <= 1024 && AllOf(t, IsPri
 }  // namespace
 
 const TextRule kPlmnRule{"5 or 6 digits", Plmn};
+const TextRule kOptionalPlmnRule{"5 or 6 digits, or empty", OptionalPlmn};
 const TextRule kImsiRule{"6 to 15 digits", Imsi};
 const TextRule kIccidRule{"10 to 20 hexadecimal digits", Iccid};
 const TextRule kHexBytesRule{"an even number of hexadecimal digits (at most 512)", HexBytes};

@@ -11,6 +11,7 @@
 namespace modemsim {
 
 extern const TextRule kPlmnRule;         // "46000", "310260"
+extern const TextRule kOptionalPlmnRule; // also empty (none named)
 extern const TextRule kImsiRule;
 extern const TextRule kIccidRule;        // as printed: "89860012345678901234"
 extern const TextRule kHexBytesRule;     // file contents: "0000000203"

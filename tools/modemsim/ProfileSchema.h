@@ -10,6 +10,7 @@
 
 #include "ConfigRules.h"
 #include "ModemProfile.h"
+#include "OperatorRules.h"
 #include "ProfileRules.h"
 #include "SchemaVisitors.h"
 #include "UnsolicitedReports.h"
@@ -74,6 +75,7 @@ void Describe(V& v, SimState& x)
     v.Number("lock_state", x.lockState, 0, 255, Need::Optional);
     v.Text("iccid", x.iccid, kIccidRule);
     v.Text("imsi", x.imsi, kImsiRule);
+    v.Text("home_plmn", x.homePlmn, kOptionalPlmnRule, Need::Optional);
     v.Text("ef_ad", x.efAd, kHexBytesRule, Need::Optional);
     v.Text("msisdn", x.msisdn, kPhoneRule, Need::Optional);
     v.Text("ef_spn", x.efSpn, kHexBytesRule, Need::Optional);
@@ -81,6 +83,7 @@ void Describe(V& v, SimState& x)
     v.List("pnn", x.pnn, kMaxRecords, Need::Optional);
     v.List("opl", x.opl, kMaxRecords, Need::Optional);
     v.Number("refresh_file_type", x.refreshFileType, 0, 255, Need::Optional);
+    v.Check(CheckHomeNetwork, x);
 }
 
 template <typename V>
@@ -113,16 +116,24 @@ void Describe(V& v, OperatorInfo& x)
     v.Text("long_name", x.longName, kNameRule);
     v.Text("short_name", x.shortName, kNameRule, Need::Optional);
     v.Text("plmn", x.plmn, kPlmnRule);
-    v.OptNumber("act", x.act, 0, 15);
+    v.OptNumber("act", x.act, 0, kMaxAct);
 }
 
 template <typename V>
 void Describe(V& v, RegisteredOperator& x)
 {
     v.Text("plmn", x.plmn, kPlmnRule);
-    v.Text("long_name", x.longName, kNameRule);
-    v.Text("short_name", x.shortName, kNameRule, Need::Optional);
-    v.OptNumber("act", x.act, 0, 15);
+    v.OptNumber("act", x.act, 0, kMaxAct);
+}
+
+template <typename V>
+void Describe(V& v, OperatorScan& x)
+{
+    v.Choice("failure", x.failure,
+             std::vector<std::pair<const char*, ScanFailure>>{
+                 {"error", ScanFailure::Error}, {"no_answer", ScanFailure::NoAnswer}});
+    v.OptNumber("cme_error", x.cmeError, 0, 65535);
+    v.Check(CheckOperatorScan, x);
 }
 
 template <typename V>
@@ -133,6 +144,22 @@ void Describe(V& v, PreferredOperator& x)
     v.Number("gsm", x.gsm, 0, 1, Need::Optional);
     v.Number("gsm_compact", x.gsmCompact, 0, 1, Need::Optional);
     v.Number("utran", x.utran, 0, 1, Need::Optional);
+}
+
+template <typename V>
+void Describe(V& v, PreferredList& x)
+{
+    v.Number("capacity", x.capacity, 1, kMaxRecords, Need::Optional);
+    v.List("entries", x.entries, kMaxRecords, Need::Optional);
+    v.Check(CheckPreferredList, x);
+}
+
+template <typename V>
+void Describe(V& v, PreferredLists& x)
+{
+    v.Object("user", x.user, Need::Optional);
+    v.Object("operator", x.operatorControlled, Need::Optional);
+    v.Object("hplmn", x.hplmn, Need::Optional);
 }
 
 template <typename V>
@@ -149,11 +176,14 @@ void Describe(V& v, NetworkState& x)
     v.Number("name_format", x.nameFormat, 0, 2, Need::Optional);
     v.OptObject("registered", x.registered);
     v.List("operators", x.operators, kMaxRecords, Need::Optional);
+    v.Object("scan", x.scan, Need::Optional);
     v.Object("creg", x.creg, Need::Optional);
     v.Object("cgreg", x.cgreg, Need::Optional);
     v.Object("cereg", x.cereg, Need::Optional);
     v.Number("preferred_list", x.preferredList, 0, 2, Need::Optional);
-    v.List("preferred", x.preferred, kMaxRecords, Need::Optional);
+    v.Object("preferred", x.preferred, Need::Optional);
+    v.Number("preferred_format", x.preferredFormat, 0, 2, Need::Optional);
+    v.Check(CheckRegisteredOperator, x);
 }
 
 template <typename V>

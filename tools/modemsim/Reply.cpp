@@ -14,7 +14,10 @@ constexpr CmeText kCmeTexts[] = {
     {kCmeOperationNotAllowed, "operation not allowed"},
     {kCmeOperationNotSupported, "operation not supported"},
     {kCmeSimNotInserted, "SIM not inserted"},
+    {kCmeMemoryFull, "memory full"},
+    {kCmeInvalidIndex, "invalid index"},
     {kCmeNoNetworkService, "no network service"},
+    {kCmeNetworkNotAllowed, "network not allowed - emergency calls only"},
     {kCmeIncorrectParameters, "Incorrect parameters"},
     {kCmeUnknown, "unknown"},
 };
@@ -40,6 +43,19 @@ Reply NotSupportedReply()
     Reply reply;
     reply.final = kFinalNotSupported;
     return reply;
+}
+
+Reply NoAnswerReply()
+{
+    Reply reply;
+    reply.final.clear();
+    return reply;
+}
+
+bool IsSimAbsent(const ModemState& state)
+{
+    constexpr int32_t kSimAbsent = 255;
+    return state.sim.state == kSimAbsent;
 }
 
 Reply CmeErrorReply(const ModemState& state, int32_t code)

@@ -21,7 +21,10 @@ constexpr char kFinalNotSupported[] = "COMMAND NOT SUPPORT";
 constexpr int32_t kCmeOperationNotAllowed = 3;
 constexpr int32_t kCmeOperationNotSupported = 4;
 constexpr int32_t kCmeSimNotInserted = 10;
+constexpr int32_t kCmeMemoryFull = 20;
+constexpr int32_t kCmeInvalidIndex = 21;
 constexpr int32_t kCmeNoNetworkService = 30;
+constexpr int32_t kCmeNetworkNotAllowed = 32;
 constexpr int32_t kCmeIncorrectParameters = 50;
 constexpr int32_t kCmeUnknown = 100;
 
@@ -33,6 +36,13 @@ struct Reply {
 Reply OkReply(std::vector<std::string> lines = {});
 Reply ErrorReply();
 Reply NotSupportedReply();
+// No final result at all: the modem never ends the command (a search that
+// hangs). Its information lines, if any, still go out.
+Reply NoAnswerReply();
+// True when the card is absent (SIM state 255): the commands that read or
+// write it answer "SIM not inserted" (10).
+bool IsSimAbsent(const ModemState& state);
+
 // The error as +CMEE asks for it: 0 "ERROR", 1 "+CME ERROR: 50",
 // 2 "+CME ERROR: Incorrect parameters".
 Reply CmeErrorReply(const ModemState& state, int32_t code);

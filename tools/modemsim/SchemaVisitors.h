@@ -299,6 +299,16 @@ public:
         }
     }
     void Bool(const char* name, bool& value, Need = Need::Required) { m_object[name] = value; }
+    template <typename E>
+    void Choice(const char* name, std::optional<E>& value,
+                const std::vector<std::pair<const char*, E>>& choices)
+    {
+        for (const auto& choice : choices) {
+            if (value && choice.second == *value) {
+                m_object[name] = choice.first;
+            }
+        }
+    }
     void Text(const char* name, std::string& value, const TextRule&, Need = Need::Required)
     {
         m_object[name] = value;
