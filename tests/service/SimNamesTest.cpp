@@ -98,20 +98,20 @@ TEST(PnnName, ElementRules)
         const char* hex;
         bool parsed;
         std::u16string name;
-        CIStat ci;   // CI_STAT_Add + 1: left as it was
+        CIStat ci;   // starts as CI_STAT_Add: the rows that do not write it keep that
     } rows[] = {
         {"430580D4F29C0E", true, u"Test", CI_STAT_NOT_Add},
         {"45059803A903BA", true, u"\u03A9\u03BA", CI_STAT_Add},
         // The length promises more than follows: GSM 7-bit from the third byte.
-        {"4309D4F29C0E", true, u"Test", static_cast<CIStat>(2)},
-        {"410580D4F29C0E", false, u"", static_cast<CIStat>(2)},
-        {"4301", false, u"", static_cast<CIStat>(2)},
+        {"4309D4F29C0E", true, u"Test", CI_STAT_Add},
+        {"410580D4F29C0E", false, u"", CI_STAT_Add},
+        {"4301", false, u"", CI_STAT_Add},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.hex);
         const std::vector<unsigned char> bytes = Bytes(row.hex);
         QIRA_wstring name;
-        CIStat ci = static_cast<CIStat>(2);
+        CIStat ci = CI_STAT_Add;
         EXPECT_EQ(ParserPnnName(bytes.data(), static_cast<int>(bytes.size()), name, ci), row.parsed);
         EXPECT_EQ(std::u16string(name.begin(), name.end()), row.name);
         EXPECT_EQ(ci, row.ci);
